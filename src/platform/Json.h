@@ -1,0 +1,108 @@
+// JSON as the tool meets it: tolerant reading of answers, and compact bodies for requests. The library behind it stays
+// in Json.cpp, for it is slow to compile.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace boost::json {
+class value;
+class object;
+} // namespace boost::json
+
+namespace platform {
+
+class JsonValue;
+
+/// A view of an object inside a JsonDocument, valid as long as the document. Every reader gives nothing when the key is
+/// absent or holds another type; texts are views too.
+class JsonObject {
+public:
+    explicit JsonObject(const boost::json::object& object) : object_(&object) {}
+
+    std::optional<std::string_view> text(std::string_view key) const;
+    std::optional<bool> boolean(std::string_view key) const;
+    /// A number without a fraction that fits 64 bits.
+    std::optional<std::int64_t> integer(std::string_view key) const;
+    std::optional<JsonObject> object(std::string_view key) const;
+    /// Nothing when a single element is of another type.
+    std::optional<std::vector<JsonObject>> objects(std::string_view key) const;
+    std::optional<std::vector<std::string_view>> texts(std::string_view key) const;
+    /// Any value, null included.
+    std::optional<JsonValue> value(std::string_view key) const;
+    /// The keys in ascending byte order.
+    std::vector<std::string_view> sortedKeys() const;
+
+private:
+    const boost::json::object* object_;
+};
+
+/// A view of any value inside a JsonDocument, valid as long as the document.
+class JsonValue {
+public:
+    explicit JsonValue(const boost::json::value& value) : value_(&value) {}
+
+    std::optional<std::string_view> text() const;
+    std::optional<JsonObject> object() const;
+    std::optional<std::vector<JsonObject>> objects() const;
+    /// The value as indented JSON with its keys sorted and its numbers in plain notation.
+    std::string prettyText() const;
+
+private:
+    const boost::json::value* value_;
+};
+
+/// A parsed JSON text, which owns what the views show.
+class JsonDocument {
+public:
+    /// Nothing when `text` is not strict JSON in UTF-8 of at most 512 levels.
+    static std::optional<JsonDocument> parse(std::string_view text);
+    /// `parse`, kept when the top level is an object.
+    static std::optional<JsonDocument> parseObject(std::string_view text);
+
+    JsonDocument(JsonDocument&&) noexcept;
+    JsonDocument& operator=(JsonDocument&&) noexcept;
+    ~JsonDocument();
+
+    JsonValue root() const;
+    /// The top level. Only for a document that `parseObject` gave.
+    JsonObject object() const;
+
+private:
+    struct Storage;
+    explicit JsonDocument(std::unique_ptr<Storage> storage);
+    std::unique_ptr<Storage> storage_;
+};
+
+/// A JSON object under construction, held as its own compact text. Keys are expected once each; texts are UTF-8.
+class JsonBody {
+public:
+    JsonBody& set(std::string_view key, std::string_view value);
+    JsonBody& set(std::string_view key, const char* value) { return set(key, std::string_view(value)); }
+    JsonBody& set(std::string_view key, bool value);
+    JsonBody& set(std::string_view key, std::int64_t value);
+    JsonBody& set(std::string_view key, const std::vector<std::string>& values);
+    JsonBody& set(std::string_view key, const JsonBody& value);
+    JsonBody& setNull(std::string_view key);
+    /// `json` is valid JSON, inserted byte for byte.
+    JsonBody& setRaw(std::string_view key, std::string_view json);
+
+    template <class Value>
+    JsonBody& setIfGiven(std::string_view key, const std::optional<Value>& value) {
+        return value ? set(key, *value) : *this;
+    }
+
+    /// The object's text, which is moved out.
+    std::string finish() &&;
+    std::string text() const;
+
+private:
+    void appendKey(std::string_view key);
+    std::string text_ = "{";
+};
+
+} // namespace platform
