@@ -8,8 +8,8 @@
 
 namespace platform {
 
-/// A request to a plain-HTTP service. `host` is a loopback name or address ("localhost" stands for both
-/// loopback families); `target` is the path with its query, already encoded.
+/// A request to a plain-HTTP service. `host` is "localhost", which stands for ::1 and then 127.0.0.1, or a loopback
+/// address, an IPv6 one in brackets; `target` is the path with its query, already encoded.
 struct HttpRequest {
     std::string_view method; ///< "GET", "POST", …
     std::string_view host;

@@ -35,8 +35,8 @@ std::string readStandardInput();
 /// its end. Throws std::system_error.
 std::string readStandardInputLine();
 
-/// Gives a closed standard stream an end that fails on use, so that no file or socket opened later can take its
-/// place. To be called once, before anything is opened.
+/// Opens the standard streams that are closed, so that no file or socket opened later can take their place: reading
+/// finds the end at once, and writing fails. To be called once, before anything is opened.
 void reserveStandardStreams();
 
 } // namespace platform

@@ -1,0 +1,41 @@
+// Times in the local zone, which the C library knows from TZ or the system.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace platform {
+
+/// Seconds since the beginning of 1970, UTC.
+using Instant = std::int64_t;
+
+/// A date and a time of day as a calendar and a clock show them.
+struct CivilTime {
+    int year = 0;
+    int month = 1; ///< 1 to 12
+    int day = 1;   ///< 1 to 31
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+};
+
+Instant currentInstant();
+
+/// The month's English name of three letters, such as "Mar".
+std::string_view monthAbbreviation(int month);
+
+/// What the local clock shows at `instant`.
+CivilTime localTime(Instant instant);
+
+/// When the local clock shows `time`; the fields are in range.
+Instant instantOfLocalTime(const CivilTime& time);
+
+/// "Mar 7, 2024, 2:05 PM": month, day, year and the time on a twelve-hour clock. Nothing for any other text.
+std::optional<CivilTime> parseDisplayTime(std::string_view text);
+
+/// An ISO-8601 internet date-time with a zone, such as "2024-03-07T14:05:06.25+01:00"; fractions of a second are
+/// dropped. Nothing for any other text.
+std::optional<Instant> parseIsoInstant(std::string_view text);
+
+} // namespace platform

@@ -1,0 +1,27 @@
+// Files and paths.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+/// The user's home directory: HOME, else what the user database says; empty when neither knows.
+std::string homeDirectory();
+
+/// `path` with a leading "~" or "~user" replaced by that home directory; unchanged when the user is unknown.
+std::string expandTilde(std::string_view path);
+
+bool fileExists(const std::string& path);
+
+/// The whole file. Nothing when it can't be read, a directory included.
+std::optional<std::string> readFile(const std::string& path);
+
+/// Throws std::system_error.
+std::string currentDirectory();
+
+/// An absolute path with ".", ".." and repeated or final separators resolved by their text alone.
+std::string standardizedPath(std::string_view path);
+
+} // namespace platform

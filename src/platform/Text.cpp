@@ -1,0 +1,289 @@
+#include "platform/Text.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdint>
+
+#include <utf8proc.h>
+
+namespace platform {
+
+namespace {
+
+constexpr std::string_view replacementCharacter = "\xEF\xBF\xBD";
+
+bool isAscii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
+}
+
+struct Scalar {
+    utf8proc_int32_t value; ///< Negative for a malformed sequence.
+    std::size_t length;     ///< Bytes.
+};
+
+/// The scalar at the front of a non-empty text. A malformed byte counts as one scalar of its own.
+Scalar firstScalar(std::string_view text) {
+    const auto first = static_cast<unsigned char>(text.front());
+    if (first < 0x80) {
+        return {first, 1};
+    }
+    utf8proc_int32_t value = -1;
+    const auto length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
+                                         static_cast<utf8proc_ssize_t>(text.size()), &value);
+    if (length <= 0) {
+        return {-1, 1};
+    }
+    return {value, static_cast<std::size_t>(length)};
+}
+
+utf8proc_category_t category(std::string_view character) {
+    if (character.empty()) {
+        return UTF8PROC_CATEGORY_CN;
+    }
+    return utf8proc_category(std::max(firstScalar(character).value, 0));
+}
+
+/// Calls `visit` with each character in turn until it answers false.
+template <class Visit>
+void forEachCharacter(std::string_view text, Visit visit) {
+    std::size_t start = 0;
+    std::size_t position = 0;
+    utf8proc_int32_t previous = 0;
+    utf8proc_int32_t state = 0;
+    while (position < text.size()) {
+        const Scalar scalar = firstScalar(text.substr(position));
+        const utf8proc_int32_t value = scalar.value < 0 ? 0xFFFD : scalar.value;
+        if (position > 0 && utf8proc_grapheme_break_stateful(previous, value, &state)) {
+            if (!visit(text.substr(start, position - start))) {
+                return;
+            }
+            start = position;
+        }
+        previous = value;
+        position += scalar.length;
+    }
+    if (start < text.size()) {
+        visit(text.substr(start));
+    }
+}
+
+void appendScalar(std::string& text, utf8proc_int32_t scalar) {
+    utf8proc_uint8_t bytes[4];
+    const auto length = utf8proc_encode_char(scalar, bytes);
+    text.append(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(length));
+}
+
+template <class Map>
+std::string mapScalars(std::string_view text, Map map) {
+    std::string result;
+    result.reserve(text.size());
+    while (!text.empty()) {
+        const Scalar scalar = firstScalar(text);
+        if (scalar.value < 0) {
+            result += text.front();
+        } else {
+            appendScalar(result, map(scalar.value));
+        }
+        text.remove_prefix(scalar.length);
+    }
+    return result;
+}
+
+/// The property White_Space.
+bool isWhiteSpace(utf8proc_int32_t scalar) {
+    return (scalar >= 0x09 && scalar <= 0x0D) || scalar == 0x20 || scalar == 0x85 || scalar == 0xA0 ||
+           scalar == 0x1680 || (scalar >= 0x2000 && scalar <= 0x200A) || scalar == 0x2028 || scalar == 0x2029 ||
+           scalar == 0x202F || scalar == 0x205F || scalar == 0x3000;
+}
+
+std::string_view trimmedAtStart(std::string_view text) {
+    while (!text.empty()) {
+        const Scalar scalar = firstScalar(text);
+        if (!isWhiteSpace(scalar.value)) {
+            break;
+        }
+        text.remove_prefix(scalar.length);
+    }
+    return text;
+}
+
+} // namespace
+
+std::size_t characterCount(std::string_view text) {
+    std::size_t count = 0;
+    if (isAscii(text)) {
+        count = text.size();
+        for (auto at = text.find("\r\n"); at != std::string_view::npos; at = text.find("\r\n", at + 2)) {
+            --count;
+        }
+        return count;
+    }
+    forEachCharacter(text, [&](std::string_view) {
+        ++count;
+        return true;
+    });
+    return count;
+}
+
+std::string_view firstCharacters(std::string_view text, std::size_t count) {
+    if (count >= text.size()) {
+        return text;
+    }
+    std::size_t taken = 0;
+    std::size_t length = 0;
+    forEachCharacter(text, [&](std::string_view character) {
+        if (taken == count) {
+            return false;
+        }
+        ++taken;
+        length += character.size();
+        return true;
+    });
+    return text.substr(0, length);
+}
+
+std::vector<std::string_view> splitCharacters(std::string_view text) {
+    std::vector<std::string_view> characters;
+    characters.reserve(text.size());
+    forEachCharacter(text, [&](std::string_view character) {
+        characters.push_back(character);
+        return true;
+    });
+    return characters;
+}
+
+bool isUppercase(std::string_view character) {
+    return category(character) == UTF8PROC_CATEGORY_LU;
+}
+
+bool isLowercase(std::string_view character) {
+    return category(character) == UTF8PROC_CATEGORY_LL;
+}
+
+bool isAlphanumeric(std::string_view character) {
+    switch (category(character)) {
+    case UTF8PROC_CATEGORY_LU:
+    case UTF8PROC_CATEGORY_LL:
+    case UTF8PROC_CATEGORY_LT:
+    case UTF8PROC_CATEGORY_LM:
+    case UTF8PROC_CATEGORY_LO:
+    case UTF8PROC_CATEGORY_ND:
+    case UTF8PROC_CATEGORY_NL:
+    case UTF8PROC_CATEGORY_NO:
+        return true;
+    default:
+        return false;
+    }
+}
+
+std::string lowercased(std::string_view text) {
+    return mapScalars(text, utf8proc_tolower);
+}
+
+std::string uppercased(std::string_view text) {
+    return mapScalars(text, utf8proc_toupper);
+}
+
+std::string capitalized(std::string_view text) {
+    std::string result;
+    result.reserve(text.size());
+    bool inWord = false;
+    forEachCharacter(text, [&](std::string_view character) {
+        result += inWord ? lowercased(character) : uppercased(character);
+        inWord = !isWhiteSpace(firstScalar(character).value);
+        return true;
+    });
+    return result;
+}
+
+std::string_view trimmedAtEnd(std::string_view text) {
+    while (!text.empty()) {
+        std::size_t start = text.size() - 1;
+        while (start > 0 && (static_cast<unsigned char>(text[start]) & 0xC0) == 0x80) {
+            --start;
+        }
+        const Scalar scalar = firstScalar(text.substr(start));
+        if (start + scalar.length != text.size() || !isWhiteSpace(scalar.value)) {
+            break;
+        }
+        text = text.substr(0, start);
+    }
+    return text;
+}
+
+std::string_view trimmed(std::string_view text) {
+    return trimmedAtEnd(trimmedAtStart(text));
+}
+
+bool isValidUtf8(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const Scalar scalar = firstScalar(bytes);
+        if (scalar.value < 0) {
+            return false;
+        }
+        bytes.remove_prefix(scalar.length);
+    }
+    return true;
+}
+
+std::string repairedUtf8(std::string_view bytes) {
+    std::string result;
+    result.reserve(bytes.size());
+    while (!bytes.empty()) {
+        const Scalar scalar = firstScalar(bytes);
+        result += scalar.value < 0 ? replacementCharacter : bytes.substr(0, scalar.length);
+        bytes.remove_prefix(scalar.length);
+    }
+    return result;
+}
+
+template <class Number>
+std::optional<Number> parseNumber(std::string_view text) {
+    // from_chars knows no plus sign, and must not be given "+-1".
+    if (text.starts_with('+') && !text.starts_with("+-")) {
+        text.remove_prefix(1);
+    }
+    Number number{};
+    const char* const end = text.data() + text.size();
+    const auto result = std::from_chars(text.data(), end, number);
+    if (text.empty() || result.ec != std::errc() || result.ptr != end) {
+        return std::nullopt;
+    }
+    return number;
+}
+
+template std::optional<std::int8_t> parseNumber(std::string_view);
+template std::optional<std::int16_t> parseNumber(std::string_view);
+template std::optional<std::int32_t> parseNumber(std::string_view);
+template std::optional<std::int64_t> parseNumber(std::string_view);
+template std::optional<std::uint8_t> parseNumber(std::string_view);
+template std::optional<std::uint16_t> parseNumber(std::string_view);
+template std::optional<std::uint32_t> parseNumber(std::string_view);
+template std::optional<std::uint64_t> parseNumber(std::string_view);
+template std::optional<float> parseNumber(std::string_view);
+template std::optional<double> parseNumber(std::string_view);
+
+std::vector<std::string_view> split(std::string_view text, char separator) {
+    std::vector<std::string_view> pieces;
+    while (true) {
+        const auto end = text.find(separator);
+        pieces.push_back(text.substr(0, end));
+        if (end == std::string_view::npos) {
+            return pieces;
+        }
+        text.remove_prefix(end + 1);
+    }
+}
+
+std::string joined(const std::vector<std::string>& pieces, std::string_view separator) {
+    std::string result;
+    for (const std::string& piece : pieces) {
+        if (&piece != &pieces.front()) {
+            result += separator;
+        }
+        result += piece;
+    }
+    return result;
+}
+
+} // namespace platform
