@@ -1,0 +1,29 @@
+// A positional input.
+#pragma once
+
+#include "ArgumentParser/ValueInput.h"
+
+namespace argumentparser {
+
+/// `T` is a value type, an optional one or a vector, which takes every value that is left.
+template <class T>
+class Argument final : public ValueInput<T> {
+public:
+    using Element = typename ValueInput<T>::Element;
+
+    /// Required, unless `T` is optional.
+    Argument(ParsableArguments& owner, std::string_view key, const ArgumentHelp& help, ValueTraits<Element> traits = {})
+        : ValueInput<T>(owner, key, std::nullopt, help, std::move(traits)) {}
+    /// With a default.
+    Argument(ParsableArguments& owner, std::string_view key, T initial, const ArgumentHelp& help,
+             ValueTraits<Element> traits = {})
+        : ValueInput<T>(owner, key, std::move(initial), help, std::move(traits)) {}
+
+    void addDefinitions(ArgumentSet& arguments, const InputContext& context) const override {
+        ArgumentDefinition definition = this->definition(context);
+        definition.kind = ArgumentDefinition::Positional();
+        arguments.append(std::move(definition));
+    }
+};
+
+} // namespace argumentparser

@@ -1,0 +1,13 @@
+// One run of a tool: its command line parsed, one command run, every error turned into text and a status.
+#pragma once
+
+#include "ArgumentParser/CommandType.h"
+
+namespace argumentparser {
+
+/// Runs the command of the tree below `root` that the process's arguments select, and gives the process's exit status.
+/// Arguments that are not valid UTF-8 are repaired first. Whatever is thrown is printed here: help on standard output,
+/// failures on standard error.
+int runCommandLine(const CommandType& root, int argumentCount, const char* const* arguments);
+
+} // namespace argumentparser

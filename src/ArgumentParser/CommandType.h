@@ -1,0 +1,59 @@
+// A command's type as a value: how to read its configuration and construct it, without naming the type.
+#pragma once
+
+#include <memory>
+#include <source_location>
+#include <string>
+#include <string_view>
+
+namespace argumentparser {
+
+class ParsableCommand;
+struct CommandConfiguration;
+
+class CommandType {
+public:
+    template <class Command>
+    static CommandType of() {
+        return CommandType(&operationsOf<Command>);
+    }
+
+    CommandConfiguration configuration() const;
+    /// The command with its inputs, not decoded yet.
+    std::unique_ptr<ParsableCommand> construct() const;
+    /// The configured name, else the type's name in kebab case.
+    std::string commandName() const;
+
+    bool operator==(const CommandType&) const = default;
+
+private:
+    struct Operations {
+        CommandConfiguration (*configuration)();
+        std::unique_ptr<ParsableCommand> (*construct)();
+        std::string_view typeName;
+    };
+
+    template <class Command>
+    static constexpr std::string_view typeName() {
+        // "… [with Command = space::Type; …]" or "… [Command = space::Type]"
+        constexpr std::string_view marker = "Command = ";
+        std::string_view text = std::source_location::current().function_name();
+        text.remove_prefix(text.find(marker) + marker.size());
+        text = text.substr(0, text.find_first_of(";]"));
+        const auto space = text.rfind("::");
+        return space == std::string_view::npos ? text : text.substr(space + 2);
+    }
+
+    template <class Command>
+    static constexpr Operations operationsOf{
+        [] { return Command::configuration(); },
+        []() -> std::unique_ptr<ParsableCommand> { return std::make_unique<Command>(); },
+        typeName<Command>(),
+    };
+
+    explicit CommandType(const Operations* operations) : operations_(operations) {}
+
+    const Operations* operations_;
+};
+
+} // namespace argumentparser

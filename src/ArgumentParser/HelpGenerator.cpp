@@ -1,0 +1,254 @@
+#include "ArgumentParser/HelpGenerator.h"
+
+#include <algorithm>
+
+#include "ArgumentParser/HelpNames.h"
+#include "ArgumentParser/TextLayout.h"
+#include "ArgumentParser/UsageGenerator.h"
+#include "platform/Text.h"
+
+namespace argumentparser {
+
+namespace {
+
+using Section = HelpGenerator::Section;
+using Element = HelpGenerator::Section::Element;
+
+constexpr int helpIndent = 2;
+constexpr int labelColumnWidth = 26;
+constexpr int discussionIndent = 8;
+constexpr int usageIndent = 7; // "USAGE: "
+constexpr std::string_view valueMark = "- ";
+
+std::string blanks(int count) {
+    return std::string(static_cast<std::size_t>(count), ' ');
+}
+
+std::string labelOf(const ArgumentDefinition& definition) {
+    if (definition.isPositional()) {
+        return "<" + definition.valueName() + ">";
+    }
+    std::string label;
+    for (const bool wantShort : {true, false}) {
+        for (const Name& name : definition.names()) {
+            if ((name.kind == Name::Kind::shortName) == wantShort) {
+                label += (label.empty() ? "" : ", ") + name.synopsis();
+            }
+        }
+    }
+    return definition.takesValue() ? label + " <" + definition.valueName() + ">" : label;
+}
+
+/// What a row says in parentheses behind its abstract; empty for nothing.
+std::string valuesNote(const ArgumentDefinition::Help& help) {
+    std::string values;
+    if (!help.discussion.enumerated) {
+        for (const std::string_view value : help.allValueStrings) {
+            values.append(values.empty() ? "values: " : ", ").append(value);
+        }
+    }
+    std::string note = values;
+    if (!help.defaultValue.empty()) {
+        note += (values.empty() ? "default: " : "; default: ") + help.defaultValue;
+    }
+    return note.empty() ? note : "(" + note + ")";
+}
+
+std::string abstractOf(const ArgumentDefinition::Help& help) {
+    std::string abstract(help.abstract);
+    const std::string note = valuesNote(help);
+    if (!abstract.empty() && !note.empty()) {
+        abstract += ' ';
+    }
+    return abstract + note;
+}
+
+Element elementOf(const ArgumentDefinition& definition) {
+    return {labelOf(definition), abstractOf(definition.help), definition.help.discussion};
+}
+
+/// One row for each definition, and one for each run of flags that together stand for one input.
+std::vector<Element> elementsOf(const std::vector<const ArgumentDefinition*>& definitions) {
+    std::vector<Element> elements;
+    const ArgumentDefinition* previous = nullptr;
+    for (const ArgumentDefinition* definition : definitions) {
+        const bool joins = previous != nullptr && definition->help.isComposite && previous->help.isComposite &&
+                           definition->help.keys == previous->help.keys;
+        Element element = elementOf(*definition);
+        if (joins) {
+            elements.back().label += "/" + element.label;
+            if (elements.back().abstract.empty()) {
+                elements.back().abstract = std::move(element.abstract);
+            }
+        } else {
+            elements.push_back(std::move(element));
+        }
+        previous = definition;
+    }
+    return elements;
+}
+
+Element subcommandElement(const CommandType& command, const CommandConfiguration& configuration, bool isDefault) {
+    std::string label = command.commandName();
+    for (const std::string_view alias : configuration.aliases) {
+        label.append(", ").append(alias);
+    }
+    return {isDefault ? label + " (default)" : label, std::string(configuration.abstract), {}};
+}
+
+Section subcommandSection(std::string header, const std::vector<CommandType>& commands,
+                          const std::optional<CommandType>& defaultSubcommand) {
+    Section section{std::move(header), {}, true};
+    for (const CommandType& command : commands) {
+        const CommandConfiguration configuration = command.configuration();
+        if (configuration.shouldDisplay) {
+            section.elements.push_back(subcommandElement(command, configuration, command == defaultSubcommand));
+        }
+    }
+    return section;
+}
+
+std::vector<Section> argumentSections(const ArgumentSet& arguments, const std::vector<ArgumentDefinition>& builtIns,
+                                      ArgumentVisibility visibility) {
+    std::vector<const ArgumentDefinition*> positionals;
+    std::vector<const ArgumentDefinition*> options;
+    std::vector<std::pair<std::string_view, std::vector<const ArgumentDefinition*>>> titled;
+    for (const ArgumentDefinition& definition : arguments.content()) {
+        if (definition.help.visibility > visibility || (!definition.isPositional() && !definition.isNamed())) {
+            continue;
+        }
+        const std::string_view title = definition.help.parentTitle;
+        if (!title.empty()) {
+            auto found =
+                std::find_if(titled.begin(), titled.end(), [&](const auto& entry) { return entry.first == title; });
+            if (found == titled.end()) {
+                found = titled.insert(titled.end(), {title, {}});
+            }
+            found->second.push_back(&definition);
+        } else {
+            (definition.isPositional() ? positionals : options).push_back(&definition);
+        }
+    }
+    for (const ArgumentDefinition& definition : builtIns) {
+        options.push_back(&definition);
+    }
+    std::vector<Section> sections;
+    sections.push_back({"ARGUMENTS", elementsOf(positionals)});
+    for (const auto& [title, definitions] : titled) {
+        sections.push_back({platform::uppercased(title), elementsOf(definitions)});
+    }
+    sections.push_back({"OPTIONS", elementsOf(options)});
+    return sections;
+}
+
+/// `text` behind `label` when the label is short enough, else below it; both start a line. Ends its line.
+std::string besideLabel(const std::string& label, std::string_view text) {
+    const std::size_t length = platform::characterCount(label);
+    if (text.empty()) {
+        return label + "\n";
+    }
+    if (length < static_cast<std::size_t>(labelColumnWidth)) {
+        return label + std::string(text.substr(length)) + "\n";
+    }
+    return label + "\n" + std::string(text) + "\n";
+}
+
+std::string renderedDiscussion(const ArgumentDiscussion& discussion, int columns) {
+    std::string result;
+    if (const std::string text = wrapped(discussion.staticText, columns, discussionIndent); !text.empty()) {
+        result = text + "\n";
+    }
+    if (!discussion.enumerated) {
+        return result;
+    }
+    const ValueDescriptions descriptions = discussion.enumerated->allValueDescriptions();
+    for (const std::string_view value : discussion.enumerated->allValueStrings()) {
+        const auto found = std::find_if(descriptions.begin(), descriptions.end(),
+                                        [&](const auto& description) { return description.first == value; });
+        const std::string_view description = found == descriptions.end() ? std::string_view() : found->second;
+        const int indent = labelColumnWidth + static_cast<int>(valueMark.size());
+        std::string text = wrapped(description, columns, indent);
+        // The mark stands ahead of the first line, in its indent; further lines align behind it.
+        text.resize(std::max(text.size(), static_cast<std::size_t>(indent)), ' ');
+        text.replace(static_cast<std::size_t>(labelColumnWidth), valueMark.size(), valueMark);
+        result += besideLabel(blanks(discussionIndent) + std::string(value), platform::trimmedAtEnd(text));
+    }
+    return result;
+}
+
+std::string renderedElement(const Element& element, int columns) {
+    return besideLabel(blanks(helpIndent) + element.label, wrapped(element.abstract, columns, labelColumnWidth)) +
+           renderedDiscussion(element.discussion, columns);
+}
+
+} // namespace
+
+std::vector<ArgumentDefinition> builtInDefinitions(const std::vector<CommandType>& stack) {
+    std::vector<ArgumentDefinition> definitions;
+    if (!versionOf(stack).empty()) {
+        ArgumentDefinition version;
+        version.kind = ArgumentDefinition::Named{{versionFlagName}};
+        version.help.isOptional = true;
+        version.help.abstract = "Show the version.";
+        definitions.push_back(std::move(version));
+    }
+    if (std::vector<Name> names = getHelpNames(stack, ArgumentVisibility::shown); !names.empty()) {
+        ArgumentDefinition help;
+        help.kind = ArgumentDefinition::Named{std::move(names)};
+        help.help.isOptional = true;
+        help.help.abstract = "Show help information.";
+        definitions.push_back(std::move(help));
+    }
+    return definitions;
+}
+
+HelpGenerator::HelpGenerator(const std::vector<CommandType>& stack, ArgumentVisibility visibility)
+    : commandStack_(stack) {
+    const CommandConfiguration configuration = stack.back().configuration();
+    const std::unique_ptr<ParsableCommand> command = stack.back().construct();
+    const ArgumentSet arguments = command->argumentSet();
+
+    abstract_ = configuration.abstract;
+    if (!configuration.discussion.empty()) {
+        abstract_ += (abstract_.empty() ? "\n" : "\n\n") + std::string(configuration.discussion);
+    }
+    usage_ = usageText(stack, arguments);
+    sections_ = argumentSections(arguments, builtInDefinitions(stack), visibility);
+    sections_.push_back(
+        subcommandSection("SUBCOMMANDS", configuration.ungroupedSubcommands, configuration.defaultSubcommand));
+    for (const CommandGroup& group : configuration.groupedSubcommands) {
+        sections_.push_back(subcommandSection(platform::uppercased(std::string(group.name) + " Subcommands"),
+                                              group.subcommands, configuration.defaultSubcommand));
+    }
+    std::erase_if(sections_, [](const Section& section) { return section.elements.empty(); });
+}
+
+std::string HelpGenerator::rendered(std::optional<int> columns) const {
+    const int width = columns ? *columns : screenWidth();
+    std::string screen;
+    if (!abstract_.empty()) {
+        screen += wrapped("OVERVIEW: " + abstract_, width, 0) + "\n\n";
+    }
+    if (!usage_.empty()) {
+        screen += "USAGE: " + hangingIndented(usage_, usageIndent) + "\n\n";
+    }
+    bool hasSubcommands = false;
+    const char* separator = "";
+    for (const Section& section : sections_) {
+        screen += separator + section.header + ":\n";
+        for (const Element& element : section.elements) {
+            screen += renderedElement(element, width);
+        }
+        hasSubcommands = hasSubcommands || section.isSubcommands;
+        separator = "\n";
+    }
+    if (hasSubcommands) {
+        std::string names = toolName(commandStack_);
+        const std::size_t firstName = std::min(names.find(' '), names.size());
+        names.insert(firstName, " help");
+        screen += "\n  See '" + names + " <subcommand>' for detailed help.";
+    }
+    return screen;
+}
+
+} // namespace argumentparser

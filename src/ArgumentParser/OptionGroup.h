@@ -1,0 +1,48 @@
+// Inputs that several commands share, spliced into a command at the place of the group.
+#pragma once
+
+#include <algorithm>
+
+#include "ArgumentParser/ParsableCommand.h"
+
+namespace argumentparser {
+
+struct OptionGroupTraits {
+    std::string_view title = {};                               ///< Heads a section of its own in help; empty for none.
+    ArgumentVisibility visibility = ArgumentVisibility::shown; ///< Applies to every input inside.
+};
+
+/// Reads as its inputs: `group->sender`.
+template <class Group>
+class OptionGroup final : public DeclaredInput {
+public:
+    OptionGroup(ParsableArguments& owner, std::string_view key, OptionGroupTraits traits = {})
+        : DeclaredInput(owner), key_(key), traits_(traits) {}
+
+    const Group& operator*() const { return group_; }
+    const Group* operator->() const { return &group_; }
+
+    void addDefinitions(ArgumentSet& arguments, const InputContext& context) const override {
+        group_.addDefinitions(arguments, inner(context));
+    }
+    void decode(ArgumentDecoder& decoder, const InputContext& context) override {
+        group_.decode(decoder, inner(context));
+        group_.validate();
+    }
+
+private:
+    InputContext inner(InputContext context) const {
+        context.path.push_back(key_);
+        if (!traits_.title.empty()) {
+            context.parentTitle = traits_.title;
+        }
+        context.visibility = std::max(context.visibility, traits_.visibility);
+        return context;
+    }
+
+    std::string_view key_;
+    OptionGroupTraits traits_;
+    Group group_;
+};
+
+} // namespace argumentparser

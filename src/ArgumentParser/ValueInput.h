@@ -1,0 +1,114 @@
+// What options and positional arguments share: reading a text of the command line as a value.
+#pragma once
+
+#include "ArgumentParser/ArgumentHelp.h"
+#include "ArgumentParser/ExpressibleByArgument.h"
+#include "ArgumentParser/InputValue.h"
+
+namespace argumentparser {
+
+/// Reads a value from its text in a declaration's own way. What it throws reaches the user.
+template <class Element>
+using Transform = std::function<Element(std::string_view)>;
+
+/// The parts of a declaration that most inputs leave as they are.
+template <class Element>
+struct ValueTraits {
+    std::optional<ParsingStrategy> parsing = {};
+    Transform<Element> transform = {};
+    std::optional<CompletionKind> completion = {};
+};
+
+template <class T>
+class ValueInput : public InputValue<T> {
+public:
+    using Shape = ValueShape<T>;
+    using Element = typename Shape::Element;
+
+protected:
+    ValueInput(ParsableArguments& owner, std::string_view key, std::optional<T> initial, const ArgumentHelp& help,
+               ValueTraits<Element> traits)
+        : InputValue<T>(owner, key, std::move(initial)), help_(help), traits_(std::move(traits)) {}
+    ~ValueInput() = default;
+
+    ArgumentDefinition definition(const InputContext& context) const {
+        const InputKey key = context.key(this->key());
+        ArgumentDefinition definition;
+        definition.help = {
+            .isOptional = this->isOptional(),
+            .isRepeating = Shape::isList,
+            .defaultValue = defaultValueText(),
+            .keys = {key},
+            .allValueStrings = {},
+            .abstract = help_.abstract,
+            .discussion = help_.discussion,
+            .valueName = help_.valueName,
+            .visibility = std::max(help_.visibility, context.visibility),
+            .parentTitle = context.parentTitle,
+        };
+        if constexpr (ExpressibleByArgument<Element>) {
+            definition.help.allValueStrings = ArgumentValue<Element>::allValueStrings();
+            definition.completion = ArgumentValue<Element>::defaultCompletionKind();
+        }
+        if (traits_.completion) {
+            definition.completion = *traits_.completion;
+        }
+        definition.parsingStrategy = traits_.parsing.value_or(ParsingStrategy::nextValue);
+        definition.update = ArgumentDefinition::UnaryUpdate(
+            [this, key](const InputOrigin& origin, const Name* name, std::string_view text, ParsedValues& values) {
+                if constexpr (Shape::isList) {
+                    values.append<Element>(key, read(origin, name, text, key), origin);
+                } else {
+                    values.set(key, read(origin, name, text, key), origin);
+                }
+            });
+        definition.initial = this->recordDefault(key);
+        return definition;
+    }
+
+private:
+    Element read(const InputOrigin& origin, const Name* name, std::string_view text, const InputKey& key) const {
+        UnableToParseValue failure{origin, name ? std::optional(*name) : std::nullopt, std::string(text), key, nullptr};
+        if (traits_.transform) {
+            try {
+                return traits_.transform(text);
+            } catch (...) {
+                failure.originalError = std::current_exception();
+                throw ParserError(std::move(failure));
+            }
+        }
+        if constexpr (ExpressibleByArgument<Element>) {
+            if (std::optional<Element> value = ArgumentValue<Element>::read(text)) {
+                return *std::move(value);
+            }
+        }
+        throw ParserError(std::move(failure));
+    }
+
+    std::string defaultValueText() const {
+        std::string text;
+        if constexpr (ExpressibleByArgument<Element>) {
+            const std::optional<T>& initial = this->declaredDefault();
+            if (!initial) {
+                return text;
+            }
+            if constexpr (Shape::isList) {
+                for (const Element& element : *initial) {
+                    text += (text.empty() ? "" : ", ") + ArgumentValue<Element>::defaultValueDescription(element);
+                }
+            } else if constexpr (Shape::isOptional) {
+                if (*initial) {
+                    text = ArgumentValue<Element>::defaultValueDescription(**initial);
+                }
+            } else {
+                text = ArgumentValue<Element>::defaultValueDescription(*initial);
+            }
+        }
+        return text;
+    }
+
+    ArgumentHelp help_;
+    ValueTraits<Element> traits_;
+};
+
+} // namespace argumentparser
