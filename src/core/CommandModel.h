@@ -1,0 +1,31 @@
+// The command framework's vocabulary, as the tool's commands use it.
+#pragma once
+
+#include "ArgumentParser/Argument.h"
+#include "ArgumentParser/Exits.h"
+#include "ArgumentParser/Flag.h"
+#include "ArgumentParser/Option.h"
+#include "ArgumentParser/OptionGroup.h"
+#include "ArgumentParser/ParsableCommand.h"
+
+namespace orvane {
+
+using argumentparser::Argument;
+using argumentparser::CommandConfiguration;
+using argumentparser::CommandType;
+using argumentparser::customLong;
+using argumentparser::customShort;
+using argumentparser::ExitCode;
+using argumentparser::Flag;
+using argumentparser::longName;
+using argumentparser::Option;
+using argumentparser::OptionGroup;
+using argumentparser::ParsableArguments;
+using argumentparser::ParsableCommand;
+using argumentparser::ParsingStrategy;
+using argumentparser::ValidationError;
+
+/// An integer of a command line: as wide as the service's.
+using Integer = std::int64_t;
+
+} // namespace orvane

@@ -1,0 +1,104 @@
+#include "core/ServiceClient.h"
+
+#include "ArgumentParser/Exits.h"
+#include "core/CLIError.h"
+#include "platform/HttpClient.h"
+#include "platform/Streams.h"
+#include "platform/Text.h"
+
+namespace orvane {
+
+namespace {
+
+constexpr std::string_view localServiceHost = "localhost";
+constexpr std::uint16_t localServicePort = 44360;
+constexpr int leastErrorStatus = 400;
+
+CLIError clientError(const platform::HttpError& error) {
+    switch (error.failure()) {
+    case platform::HttpFailure::cannotConnect:
+        return CLIError::appNotRunning();
+    case platform::HttpFailure::timedOut:
+        return CLIError::requestTimedOut();
+    case platform::HttpFailure::connectionLost:
+        return CLIError::connectionInterrupted();
+    case platform::HttpFailure::other:
+        break;
+    }
+    return CLIError::communicationFailed(error.what());
+}
+
+std::string successfulBody(ServiceReply reply) {
+    failOnErrorStatus(reply);
+    return std::move(reply.data);
+}
+
+std::string errorText(std::string_view data) {
+    constexpr std::string_view unknown = "Request failed.";
+    if (const auto document = platform::JsonDocument::parseObject(data)) {
+        const platform::JsonObject object = document->object();
+        const auto message = object.text("message");
+        return std::string(message ? *message : object.text("error").value_or(unknown));
+    }
+    const std::string_view text = platform::isValidUtf8(data) ? platform::trimmed(data) : std::string_view();
+    return std::string(text.empty() ? unknown : text);
+}
+
+} // namespace
+
+ServiceReply sendServiceRequest(ServiceRequest request) {
+    platform::HttpRequest http;
+    http.method = request.method;
+    http.host = localServiceHost;
+    http.port = localServicePort;
+    http.target = std::move(request.path);
+    http.idleTimeout = request.timeout;
+    if (request.json) {
+        http.body = std::move(*request.json);
+        http.contentType = "application/json";
+    }
+    try {
+        platform::HttpResponse response = platform::sendHttpRequest(std::move(http));
+        return {std::move(response.body), response.status};
+    } catch (const platform::HttpError& error) {
+        throw clientError(error);
+    }
+}
+
+ServiceReply serviceGet(std::string path, double timeout) {
+    return sendServiceRequest({.method = "GET", .path = std::move(path), .timeout = timeout});
+}
+
+ServiceReply servicePostJSON(std::string path, JsonBody body, double timeout) {
+    return sendServiceRequest({"POST", std::move(path), std::move(body).finish(), timeout});
+}
+
+std::string servicePutJSON(std::string path, JsonBody body, double timeout) {
+    return successfulBody(sendServiceRequest({"PUT", std::move(path), std::move(body).finish(), timeout}));
+}
+
+std::string servicePatchJSON(std::string path, JsonBody body, double timeout) {
+    return successfulBody(sendServiceRequest({"PATCH", std::move(path), std::move(body).finish(), timeout}));
+}
+
+std::string serviceDeleteJSON(std::string path, JsonBody body, double timeout) {
+    return successfulBody(sendServiceRequest({"DELETE", std::move(path), std::move(body).finish(), timeout}));
+}
+
+std::string serviceDelete(std::string path, double timeout) {
+    return successfulBody(sendServiceRequest({.method = "DELETE", .path = std::move(path), .timeout = timeout}));
+}
+
+void failOnErrorStatus(const ServiceReply& reply) {
+    if (reply.status && *reply.status >= leastErrorStatus) {
+        reportErrorResponse(reply.data);
+        throw argumentparser::ExitCode{argumentparser::ExitCode::failure};
+    }
+}
+
+void reportErrorResponse(std::string_view data) {
+    const bool isTerminal = platform::isTerminal(platform::Stream::error);
+    platform::writeStandardError((isTerminal ? "\x1B[31merror:\x1B[0m " : "error: ") + errorText(data) + "\n");
+}
+
+} // namespace orvane

@@ -1,0 +1,48 @@
+// The blocking client of the application's local service. No request carries a token, and none is retried.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/Json.h"
+
+namespace orvane {
+
+using platform::JsonBody;
+
+/// Seconds that most commands wait for the service.
+inline constexpr double standardTimeout = 30;
+
+struct ServiceReply {
+    std::string data;          ///< The whole body; may be empty.
+    std::optional<int> status; ///< The HTTP status; absent when the answer was none of HTTP.
+};
+
+struct ServiceRequest {
+    std::string_view method;
+    std::string path; ///< Begins with "/api/", its query included and encoded.
+    std::optional<std::string> json = {};
+    double timeout = standardTimeout; ///< Seconds without anything moving.
+};
+
+/// The one round trip under all operations below. Throws CLIError.
+ServiceReply sendServiceRequest(ServiceRequest request);
+
+/// These leave the status to the caller, who calls failOnErrorStatus. Throw CLIError.
+ServiceReply serviceGet(std::string path, double timeout);
+ServiceReply servicePostJSON(std::string path, JsonBody body, double timeout);
+
+/// These fail on an error status themselves and give the body. Throw CLIError, or ExitCode behind a reported error.
+std::string servicePutJSON(std::string path, JsonBody body, double timeout);
+std::string servicePatchJSON(std::string path, JsonBody body, double timeout);
+std::string serviceDeleteJSON(std::string path, JsonBody body, double timeout);
+std::string serviceDelete(std::string path, double timeout);
+
+/// Reports an answer of status 400 or above and throws ExitCode 1; any other passes.
+void failOnErrorStatus(const ServiceReply& reply);
+
+/// Prints the text of a failed answer on standard error: its "message", its "error", or the body's own text.
+void reportErrorResponse(std::string_view data);
+
+} // namespace orvane
