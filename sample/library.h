@@ -1,0 +1,38 @@
+// The library's content, kept as the JSON it is read from. In a file a node has the keys of the record that clients
+// see, its times in ISO-8601, and besides: "parentId", "owner" (a user's id), "text", and a message's "mail".
+#pragma once
+
+#include "instant.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <boost/json/object.hpp>
+
+namespace sample {
+
+using Node = boost::json::object;
+
+struct Library {
+    boost::json::object account;            ///< What else the file holds: version, teams, profile, …
+    std::vector<boost::json::object> users; ///< The signed-in user stands first.
+    std::vector<Node> nodes;                ///< A parent stands before its children.
+
+    const Node* findNode(std::string_view id) const;
+    const boost::json::object* findUser(std::string_view id) const;
+    bool isCurrentUser(const boost::json::object& user) const { return &user == &users.front(); }
+};
+
+/// The text under `key`, empty when there is none.
+std::string_view text(const boost::json::object& object, std::string_view key);
+
+bool isContainer(const Node& node);
+
+/// When the node changed at its source, or else in the library.
+Instant lastChange(const Node& node);
+
+/// Throws std::runtime_error, with a message for the person at the terminal, when the file cannot be used.
+Library loadLibrary(const std::string& path);
+
+} // namespace sample
