@@ -1,7 +1,7 @@
 # The libraries the tool stands on. They are linked statically into the tool: fewer
 # shared objects to resolve is the largest single gain at start-up.
 set(Boost_USE_STATIC_LIBS ON)
-find_package(Boost 1.81 EXACT REQUIRED COMPONENTS json url)
+find_package(Boost 1.81 CONFIG REQUIRED COMPONENTS json)
 
 find_library(UTF8PROC_LIBRARY NAMES libutf8proc.a REQUIRED)
 find_path(UTF8PROC_INCLUDE_DIR NAMES utf8proc.h REQUIRED)

@@ -147,7 +147,7 @@ std::optional<Instant> parseIsoInstant(std::string_view text) {
             scanner.expect("+");
         }
         const int hours = scanner.number(2, 2);
-        scanner.skip(':');
+        scanner.expect(":");
         offsetMinutes = (hours * 60 + scanner.number(2, 2)) * (isWest ? -1 : 1);
     }
     if (!scanner.isAtEnd() || !dateOf(time).ok() || time.hour > 23 || time.minute > 59 || time.second > 60) {

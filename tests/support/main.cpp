@@ -1,0 +1,12 @@
+#include "support/TestNetwork.h"
+
+#include <csignal>
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    std::signal(SIGPIPE, SIG_IGN);
+    if (!GTEST_FLAG_GET(list_tests))
+        testsupport::isolateNetwork();
+    return RUN_ALL_TESTS();
+}
