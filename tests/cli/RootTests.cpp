@@ -1,0 +1,139 @@
+#include <gtest/gtest.h>
+
+#include "core/OntologyGate.h"
+#include "support/CommandRow.h"
+
+using namespace testsupport;
+
+namespace {
+
+const std::string rootHelp = "OVERVIEW: Orvane CLI — access your personal context library from external\n"
+                             "agents.\n"
+                             "\n"
+                             "USAGE: orvane-cli <subcommand>\n"
+                             "\n"
+                             "OPTIONS:\n"
+                             "  --version               Show the version.\n"
+                             "  -h, --help              Show help information.\n"
+                             "\n"
+                             "SUBCOMMANDS:\n"
+                             "  status                  Show app health and identity: version, CLI access,\n"
+                             "                          signed-in user, last ingestion and cloud sync.\n"
+                             "  whoami                  Show the authenticated Orvane user: name, email, user\n"
+                             "                          id, and teams.\n"
+                             "  check-in                Load a compact Orvane check-in for agent session\n"
+                             "                          startup.\n"
+                             "  search                  Search across your Orvane documents.\n"
+                             "  ls                      List the children of a node, or the source roots when\n"
+                             "                          no node is given.\n"
+                             "  find                    List every descendant of a node (any depth) matching\n"
+                             "                          the filters, newest first. Use the Contexts root id\n"
+                             "                          to search all your contexts and folders.\n"
+                             "\n"
+                             "  See 'orvane-cli help <subcommand>' for detailed help.\n";
+
+const std::string findHelp = "OVERVIEW: List every descendant of a node (any depth) matching the filters,\n"
+                             "newest first. Use the Contexts root id to search all your contexts and folders.\n"
+                             "\n"
+                             "USAGE: orvane-cli find [<options>] <parent>\n"
+                             "\n"
+                             "ARGUMENTS:\n"
+                             "  <parent>                Node UUID to search under: the Contexts root, an\n"
+                             "                          integration root, a folder, or a transcript.\n"
+                             "\n"
+                             "OPTIONS:\n"
+                             "  --type <type>           Filter by type/kind: context, transcript, profile,\n"
+                             "                          email, messaging, notes, obsidian, document,\n"
+                             "                          local_folder, sharepoint, memory, meeting, or a raw\n"
+                             "                          NodeKind. (values: all, context, document, email,\n"
+                             "                          local_folder, meeting, memory, messaging, notes,\n"
+                             "                          obsidian, profile, sharepoint, transcript)\n"
+                             "  --since <since>         Only include nodes updated at or after this date\n"
+                             "                          (ISO-8601 or yyyy-MM-dd).\n"
+                             "  --until <until>         Only include nodes updated at or before this date\n"
+                             "                          (ISO-8601 or yyyy-MM-dd).\n"
+                             "  --limit <limit>         Maximum number of nodes to return (default: 100, max:\n"
+                             "                          500). (default: 100)\n"
+                             "  --offset <offset>       Starting index for pagination (default: 0). (default:\n"
+                             "                          0)\n"
+                             "  --owner <owner>         Orvane source owner scope: everything you can read\n"
+                             "                          (default all_readable). Narrow with current_user/me,\n"
+                             "                          team, or a teammate user ID or email.\n"
+                             "  --name <name>           Case-insensitive node-name substring, applied before\n"
+                             "                          pagination.\n"
+                             "  --initiated <initiated> Filter sessions by who or what initiated them: human,\n"
+                             "                          agent, or automation. (values: human, agent,\n"
+                             "                          automation)\n"
+                             "  --sender <sender>       Email sender: display-name substring or exact email\n"
+                             "                          address. Needs a mailbox or email thread as the\n"
+                             "                          parent.\n"
+                             "  --recipient <recipient> Any To/Cc/Bcc display-name substring or exact address.\n"
+                             "  --to <to>               To display-name substring or exact address.\n"
+                             "  --cc <cc>               Cc display-name substring or exact address.\n"
+                             "  --bcc <bcc>             Available Bcc display-name substring or exact address.\n"
+                             "  --subject <subject>     Case-insensitive substring of the matching message\n"
+                             "                          subject.\n"
+                             "  --json                  Output the raw JSON response instead of the aligned\n"
+                             "                          table.\n"
+                             "  --version               Show the version.\n"
+                             "  -h, --help              Show help information.\n"
+                             "\n";
+
+TEST(Root, AnswersBuiltInRequestsWithoutTheService) {
+    expectRows({
+        {.arguments = {}, .out = rootHelp},
+        {.arguments = {"--help"}, .out = rootHelp},
+        {.arguments = {"help", "nonsense"}, .out = rootHelp},
+        {.arguments = {"--version"}, .out = "0.4.0\n"},
+        {.arguments = {"ls", "--version"}, .out = "0.4.0\n"},
+        {.arguments = {"help", "find"}, .out = findHelp},
+        {.arguments = {"find", "-h"}, .out = findHelp},
+    });
+}
+
+TEST(Root, RefusesWhatItDoesNotKnow) {
+    const std::string usage = "Usage: orvane-cli <subcommand>\n  See 'orvane-cli --help' for more information.\n";
+    expectRows({
+        {.arguments = {"lss"}, .err = "Error: Unexpected argument 'lss'\n" + usage, .status = 64},
+        {.arguments = {"--json", "status"}, .err = "Error: Unknown option '--json'\n" + usage, .status = 64},
+        {.arguments = {"--verson"},
+         .err = "Error: Unknown option '--verson'. Did you mean '--version'?\n" + usage,
+         .status = 64},
+        {.arguments = {"ontology"}, .err = "Error: Unexpected argument 'ontology'\n" + usage, .status = 64},
+        {.arguments = {"status", "-x"},
+         .err = "Error: Unknown option '-x'\nUsage: orvane-cli status\n"
+                "  See 'orvane-cli status --help' for more information.\n",
+         .status = 64},
+    });
+}
+
+TEST(Root, RepairsArgumentsThatAreNotUtf8) {
+    expectRow({.arguments = {"search", "a\xFF\xC3"},
+               .answers = {answer("{}")},
+               .requests = {"GET /api/contexts/search?q=a%EF%BF%BD%EF%BF%BD&limit=10"},
+               .out = "{}\n"});
+}
+
+TEST(Root, TakesTheScreenWidthFromColumnsThenTheTerminal) {
+    const auto firstLine = [](const ToolSetting& setting) {
+        const std::string out = runTool({"--help"}, setting).out;
+        return out.substr(0, out.find('\n'));
+    };
+    ToolSetting setting;
+    setting.environment["COLUMNS"] = "40";
+    EXPECT_EQ(firstLine(setting), "OVERVIEW: Orvane CLI — access your");
+    setting.environment["COLUMNS"] = "wide";
+    EXPECT_EQ(firstLine(setting), "OVERVIEW: Orvane CLI — access your personal context library from external");
+    setting.out = Output::terminal(50);
+    EXPECT_EQ(firstLine(setting), "OVERVIEW: Orvane CLI — access your personal");
+}
+
+TEST(OntologyGate, IsOpenUnlessTurnedOff) {
+    EXPECT_TRUE(orvane::isOntologyEnabled([](std::string_view) { return std::optional<bool>(); }));
+    EXPECT_TRUE(orvane::isOntologyEnabled([](std::string_view) { return std::optional(true); }));
+    EXPECT_FALSE(
+        orvane::isOntologyEnabled([](std::string_view key) { return std::optional(key != "OrvaneOntologyEnabled"); }));
+    EXPECT_TRUE(orvane::isOntologyEnabled(platform::infoDictionaryBoolean));
+}
+
+} // namespace

@@ -1,0 +1,71 @@
+#include <cstdlib>
+
+#include <gtest/gtest.h>
+
+#include "core/DisplayDates.h"
+
+using namespace orvane;
+
+namespace {
+
+// 2024-03-10 06:00 UTC, an hour before the clocks of New York go forward.
+constexpr platform::Instant now = 1'710'050'400;
+
+class DisplayDates : public testing::Test {
+protected:
+    DisplayDates() {
+        setenv("TZ", "America/New_York", 1);
+        tzset();
+    }
+    ~DisplayDates() override {
+        setenv("TZ", "UTC", 1);
+        tzset();
+    }
+};
+
+TEST_F(DisplayDates, OfTimestampsChooseTimeOrYear) {
+    const std::vector<std::pair<std::string, std::string>> cases{
+        {"Mar 7, 2024, 2:05 PM EST", "Mar  7 14:05"},
+        {" Mar  7,  2024, 12:00 AM  EST ", "Mar  7 00:00"},
+        {"Mar 10, 2024, 12:59 AM EST", "Mar 10 00:59"},
+        {"Mar 10, 2024, 1:59 AM EST", "Mar 10 01:59"}, // less than an hour ahead
+        {"Mar 10, 2024, 3:00 AM EDT", "Mar 10  2024"}, // exactly an hour ahead
+        {"Sep 9, 2023, 2:01 PM EDT", "Sep  9 14:01"},  // less than half a year ago
+        {"Sep 9, 2023, 2:00 PM EDT", "Sep  9  2023"},  // 182.5 days ago
+        {"Dec 31, 1969, 11:59 PM EST", "Dec 31  1969"},
+        {"Feb 29, 2024, 2:05 PM EST", "Feb 29 14:05"},
+    };
+    for (const auto& [text, shown] : cases) {
+        EXPECT_EQ(formatDisplayDate(text, now), shown) << text;
+    }
+    for (const char* text : {"", "yesterday", "Feb 30, 2024, 2:05 PM EST", "Mar 7, 2024, 13:05 PM EST",
+                             "Mar 7, 2024, 0:05 AM EST", "Mar 7, 2024, 2:60 PM EST", "March 7, 2024, 2:05 PM EST",
+                             "Mar 7, 2024, 2:05 PM", "2024-03-07T14:05:00Z", "Mar 7 2024 2:05 PM EST"}) {
+        EXPECT_EQ(formatDisplayDate(text, now), text);
+    }
+}
+
+TEST_F(DisplayDates, OfInstantsAreEmptyForOtherTexts) {
+    const std::vector<std::pair<std::string, std::string>> cases{
+        {"2024-03-07T19:05:59Z", "Mar  7 14:05"},
+        {"2024-03-07T19:05:59.123Z", "Mar  7 14:05"},
+        {"2024-03-08T01:05:00+06:00", "Mar  7 14:05"},
+        {"2024-03-07T14:05:00-05:00", "Mar  7 14:05"},
+        {"1999-12-31T23:59:59Z", "Dec 31  1999"},
+        {"", ""},
+        {"2024-03-07", ""},
+        {"2024-03-07T19:05:59", ""},
+        {"2024-03-07T14:05:00-0500", ""},
+        {"2024-03-07 19:05:59Z", ""},
+        {"2024-02-30T19:05:59Z", ""},
+        {"2024-03-07T24:05:59Z", ""},
+        {"2024-03-07T19:05:59.Z", ""},
+        {"2024-03-07T19:05:59Zx", ""},
+        {"Mar 7, 2024, 2:05 PM PST", ""},
+    };
+    for (const auto& [text, shown] : cases) {
+        EXPECT_EQ(formatISODisplayDate(text, now), shown) << text;
+    }
+}
+
+} // namespace

@@ -1,0 +1,117 @@
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "core/CLIError.h"
+#include "core/Rendering.h"
+#include "core/TextInput.h"
+#include "platform/Text.h"
+#include "shell/TabTable.h"
+#include "shell/Vocabulary.h"
+
+using namespace orvane;
+using namespace platform;
+
+namespace {
+
+TEST(Characters, AreWhatPeopleCount) {
+    const std::vector<std::pair<std::string, std::size_t>> cases{
+        {"", 0},     {"abc", 3}, {"a\r\nb", 3},   {"\n\r", 2},      {"e\u0301", 1}, {"👩‍🌾", 1},
+        {"🇩🇪🇫🇷", 2}, {"ก็", 1},   {"\xFF\xFE", 2}, {"é\r\n\r\n", 3}, {"한국어", 3},  {"\u0301", 1},
+    };
+    for (const auto& [text, count] : cases) {
+        EXPECT_EQ(characterCount(text), count) << text;
+        EXPECT_EQ(splitCharacters(text).size(), count) << text;
+    }
+    EXPECT_EQ(firstCharacters("👩‍🌾e\u0301x", 2), "👩‍🌾e\u0301");
+    EXPECT_EQ(firstCharacters("ab\r\nc", 3), "ab\r\n");
+    EXPECT_EQ(firstCharacters("ab", 3), "ab");
+}
+
+TEST(Text, IsTrimmedRepairedAndCapitalized) {
+    EXPECT_EQ(trimmed(" \t\u00A0\u3000a b\u2028\u0085\r\n"), "a b");
+    EXPECT_EQ(trimmed("\u200Ba"), "\u200Ba");
+    EXPECT_EQ(trimmed(" \u2003 "), "");
+    EXPECT_EQ(repairedUtf8("a\xC3(\xE2\x82\xED\xA0\x80"), "a�(�����");
+    EXPECT_FALSE(isValidUtf8("\xED\xA0\x80"));
+    EXPECT_FALSE(isValidUtf8("\xC0\x80"));
+    EXPECT_TRUE(isValidUtf8("aé春🌱"));
+    EXPECT_EQ(capitalized("job tITLE éa"), "Job Title Éa");
+}
+
+TEST(SingleLine, FoldsTrimsAndCuts) {
+    EXPECT_EQ(singleLine("abc", 3), "abc");
+    EXPECT_EQ(singleLine("abcd", 3), "ab…");
+    EXPECT_EQ(singleLine("\na\r\nb\tc ", 80), "a  b c");
+    EXPECT_EQ(singleLine("ab cdef", 4), "ab…");
+    EXPECT_EQ(singleLine("e\u0301e\u0301e\u0301", 3), "e\u0301e\u0301e\u0301");
+}
+
+TEST(TabTable, AlignsByCharactersAndEndsShortRowsEarly) {
+    EXPECT_EQ(renderTabTable({}, 8), "");
+    EXPECT_EQ(renderTabTable({{}}, 8), "");
+    EXPECT_EQ(
+        renderTabTable({{{"a", ""}, {"b", ""}, {"c", ""}}, {{"12345678", ""}, {" é\t", ""}, {"", ""}}, {{"x", ""}}}, 8),
+        "a\t\tb\tc\n12345678\té\t\nx\t\t\n");
+}
+
+TEST(RepoArguments, BecomeFullPathsOrStayKeys) {
+    const auto start = std::filesystem::current_path();
+    std::filesystem::current_path("/usr/lib");
+    setenv("HOME", "/home/me", 1);
+    EXPECT_EQ(normalizeRepoArgument(" . "), "/usr/lib");
+    EXPECT_EQ(normalizeRepoArgument("../y/"), "/usr/y");
+    EXPECT_EQ(normalizeRepoArgument(".."), "/usr");
+    EXPECT_EQ(normalizeRepoArgument("/a//b/./../c"), "/a/c");
+    EXPECT_EQ(normalizeRepoArgument(" ~/x"), "/home/me/x");
+    EXPECT_EQ(normalizeRepoArgument("github.com/acme/widgets"), "github.com/acme/widgets");
+    EXPECT_EQ(normalizeRepoArgument(".hidden"), ".hidden");
+    std::filesystem::current_path(start);
+}
+
+class TextFiles : public testing::Test {
+protected:
+    TextFiles() : directory_(testing::TempDir() + "orvane-text-XXXXXX") {
+        EXPECT_NE(mkdtemp(directory_.data()), nullptr);
+        setenv("HOME", directory_.c_str(), 1);
+    }
+    ~TextFiles() override { std::filesystem::remove_all(directory_); }
+
+    std::string write(const std::string& bytes) {
+        std::ofstream(directory_ + "/file", std::ios::binary) << bytes;
+        return "~/file";
+    }
+    static std::string failure(const std::string& path) {
+        try {
+            readTextFile(path);
+        } catch (const CLIError& error) {
+            return error.what();
+        }
+        return {};
+    }
+
+    std::string directory_;
+};
+
+TEST_F(TextFiles, LoseOneLineFeed) {
+    const std::vector<std::pair<std::string, std::string>> cases{
+        {"", ""}, {"\n", ""}, {"a\n\n", "a\n"}, {"a\r\n", "a\r\n"}, {"a\r\n\n", "a\r\n"}, {"é", "é"},
+    };
+    for (const auto& [bytes, text] : cases) {
+        EXPECT_EQ(readTextFile(write(bytes)), text);
+    }
+    const std::string large(300'000, 'x');
+    EXPECT_EQ(readTextFile(write(large + "\n")), large);
+}
+
+TEST_F(TextFiles, FailInWordsOfTheirOwn) {
+    EXPECT_EQ(failure("~/none"), "File not found: ~/none");
+    EXPECT_EQ(failure("~nobody-of-that-name/x"), "File not found: ~nobody-of-that-name/x");
+    EXPECT_EQ(failure(directory_), "Could not read file: " + directory_);
+    EXPECT_EQ(failure(write("a\xFF")), "Could not read file: ~/file");
+}
+
+} // namespace
