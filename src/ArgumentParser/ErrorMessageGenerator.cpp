@@ -23,7 +23,14 @@ std::string quotedList(const std::vector<std::string>& texts) {
 class ErrorMessageGenerator {
 public:
     explicit ErrorMessageGenerator(const CommandError& error)
-        : error_(error), command_(error.commandStack.back().construct()), arguments_(command_->argumentSet()) {}
+        : error_(error), command_(error.commandStack.back().construct()) {
+        const ArgumentSet all = command_->argumentSet();
+        for (const ArgumentDefinition& definition : all.content()) {
+            if (definition.isVisible()) {
+                arguments_.append(definition);
+            }
+        }
+    }
 
     std::string message() const { return std::visit(*this, error_.parserError); }
 
@@ -77,8 +84,9 @@ public:
     std::string operator()(const NoValue& error) const {
         std::vector<std::string> synopses;
         for (const ArgumentDefinition& definition : arguments_.content()) {
-            if (definition.isVisible() && bears(definition, error.key)) {
-                synopses.push_back(definition.synopsisWithoutBrackets());
+            std::string synopsis = definition.synopsisWithoutBrackets();
+            if (bears(definition, error.key) && !synopsis.empty()) {
+                synopses.push_back(std::move(synopsis));
             }
         }
         if (synopses.empty()) {
@@ -169,7 +177,7 @@ private:
         const auto consider = [&](const ArgumentDefinition& definition) {
             for (const Name& name : definition.names()) {
                 const std::size_t distance = editDistance(synopsis, name.synopsis());
-                if (definition.isVisible() && distance < leastDistance) {
+                if (distance < leastDistance) {
                     leastDistance = distance;
                     nearest = name.synopsis();
                 }
@@ -232,7 +240,7 @@ private:
 
     const CommandError& error_;
     std::unique_ptr<ParsableCommand> command_;
-    ArgumentSet arguments_;
+    ArgumentSet arguments_; ///< The visible ones.
 };
 
 } // namespace

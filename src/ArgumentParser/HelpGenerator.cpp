@@ -71,18 +71,21 @@ Element elementOf(const ArgumentDefinition& definition) {
 std::vector<Element> elementsOf(const std::vector<const ArgumentDefinition*>& definitions) {
     std::vector<Element> elements;
     const ArgumentDefinition* previous = nullptr;
+    bool hasAbstract = false;
     for (const ArgumentDefinition* definition : definitions) {
         const bool joins = previous != nullptr && definition->help.isComposite && previous->help.isComposite &&
                            definition->help.keys == previous->help.keys;
         Element element = elementOf(*definition);
         if (joins) {
             elements.back().label += "/" + element.label;
-            if (elements.back().abstract.empty()) {
+            if (!hasAbstract) {
                 elements.back().abstract = std::move(element.abstract);
             }
         } else {
             elements.push_back(std::move(element));
+            hasAbstract = false;
         }
+        hasAbstract = hasAbstract || !definition->help.abstract.empty();
         previous = definition;
     }
     return elements;
@@ -114,7 +117,7 @@ std::vector<Section> argumentSections(const ArgumentSet& arguments, const std::v
     std::vector<const ArgumentDefinition*> options;
     std::vector<std::pair<std::string_view, std::vector<const ArgumentDefinition*>>> titled;
     for (const ArgumentDefinition& definition : arguments.content()) {
-        if (definition.help.visibility > visibility || (!definition.isPositional() && !definition.isNamed())) {
+        if (definition.help.visibility > visibility || (!definition.isPositional() && definition.names().empty())) {
             continue;
         }
         const std::string_view title = definition.help.parentTitle;
@@ -148,7 +151,7 @@ std::string besideLabel(const std::string& label, std::string_view text) {
         return label + "\n";
     }
     if (length < static_cast<std::size_t>(labelColumnWidth)) {
-        return label + std::string(text.substr(length)) + "\n";
+        return label + std::string(text.substr(std::min(length, text.size()))) + "\n";
     }
     return label + "\n" + std::string(text) + "\n";
 }

@@ -102,6 +102,10 @@ private:
             break;
         case ParsingStrategy::allRemainingInput:
             takeAllRemaining(index, update);
+            if (const InputKey& key = definition.help.keys.front(); values_.find(key) != nullptr) {
+                // The name counts as used, even where nothing follows it.
+                values_.addOrigin(key, InputOrigin(index));
+            }
             break;
         case ParsingStrategy::postTerminator:
         case ParsingStrategy::allUnrecognized:
@@ -202,9 +206,10 @@ private:
         if (index.isComplete()) {
             return MissingValueForOption{InputOrigin(index), name};
         }
-        const std::string_view group = input_.originalText(index);
+        std::string_view group = input_.originalText(index);
+        group = group.substr(1, group.find('=') - 1);
         return MissingValueOrUnknownCompositeOption{
-            InputOrigin(index), name, {Name::Kind::longWithSingleDash, std::string(group.substr(1))}};
+            InputOrigin(index), name, {Name::Kind::longWithSingleDash, std::string(group)}};
     }
 
     const ArgumentSet& arguments_;

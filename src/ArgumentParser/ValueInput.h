@@ -93,9 +93,11 @@ private:
                 return text;
             }
             if constexpr (Shape::isList) {
+                std::vector<std::string> elements;
                 for (const Element& element : *initial) {
-                    text += (text.empty() ? "" : ", ") + ArgumentValue<Element>::defaultValueDescription(element);
+                    elements.push_back(ArgumentValue<Element>::defaultValueDescription(element));
                 }
+                text = platform::joined(elements, ", ");
             } else if constexpr (Shape::isOptional) {
                 if (*initial) {
                     text = ArgumentValue<Element>::defaultValueDescription(**initial);
