@@ -1,0 +1,212 @@
+#include "unit/ParserFixture.h"
+
+#include <stdexcept>
+
+using namespace argumentparser;
+using parsertest::expectRows;
+using parsertest::outcome;
+
+namespace {
+
+/// A type with `count` known values, none of which it reads.
+template <std::size_t count>
+struct Letter {
+    static std::optional<Letter> fromArgument(std::string_view) { return std::nullopt; }
+    static std::vector<std::string_view> allValueStrings() {
+        constexpr std::string_view all[] = {"a", "b", "c", "d", "e", "f"};
+        return {all, all + count};
+    }
+    std::string_view text() const { return {}; }
+};
+
+int evenNumber(std::string_view text) {
+    const std::optional<int> number = platform::parseNumber<int>(text);
+    if (!number) {
+        throw std::runtime_error("not a number at all");
+    }
+    if (*number % 2 != 0) {
+        throw ValidationError{"odd"};
+    }
+    return *number;
+}
+
+constexpr ArgumentHelp::Details hiddenInput{.visibility = ArgumentVisibility::hidden};
+
+struct Failing final : parsertest::Tool {
+    Option<std::optional<Letter<3>>> kind{*this, "kind", "What kind."};
+    Option<std::optional<Letter<6>>> letter{*this, "letter", ArgumentHelp("", {.valueName = "x"})};
+    Option<std::optional<Letter<1>>> only{*this, "only", "", {.names = {shortName(), longName(), customLong("sole")}}};
+    Option<std::optional<int>> even{*this, "even", "", {.transform = evenNumber}};
+    Option<std::optional<int>> secretNumber{*this, "secretNumber", ArgumentHelp("Hush.", hiddenInput)};
+    Argument<std::optional<int>> count{*this, "count", "How many."};
+    Argument<std::optional<int>> secret{*this, "secret", ArgumentHelp("Hush.", hiddenInput)};
+
+    void run() const override {}
+};
+
+TEST(ParserErrors, Messages) {
+    const std::string kindHelp = "Help:  --kind <kind>  What kind.\nError: ";
+    expectRows<Failing>({
+        {"", "ran"},
+        {"--kin", "Unknown option '--kin'. Did you mean '--kind'?"},
+        {"--hlp", "Unknown option '--hlp'. Did you mean '--help'?"},
+        {"--onen", "Unknown option '--onen'. Did you mean '--only'?"}, // as far from --even, which comes later
+        {"-kind", "Unknown option '-kind'. Did you mean '--kind'?"},
+        {"--secretNumbr", "Unknown option '--secretNumbr'"},
+        {"--version", "Unknown option '--version'"},
+        {"-x", "Unknown option '-x'"},
+        {"1 2 3 --what 4", "Unknown option '--what'"},
+        {"---", "Invalid option: ---"},
+        {"-=x", "Invalid option: -=x"},
+        {"-k.x", "Invalid option: -."},
+        {"--kind", kindHelp + "Missing value for '--kind <kind>'"},
+        {"--letter", "Missing value for '--letter <x>'"},
+        {"-o", "Missing value for '-o <only>'"},
+        {"-xo=", "The value '' is invalid for '-o <only>'. Please provide one of 'a'."},
+        {"-ox=1", "Unknown option '-ox'. Did you mean '-o'?\n   or: Missing value for '-o <only>' in '-ox=1'"},
+        {"--secret-number", "Missing value for '--secret-number'"},
+        {"--kind x", kindHelp + "The value 'x' is invalid for '--kind <kind>'. Please provide one of 'a', 'b' or 'c'."},
+        {"--letter x", "The value 'x' is invalid for '--letter <x>'. Please provide one of the following:\n"
+                       "  - 'a'\n  - 'b'\n  - 'c'\n  - 'd'\n  - 'e'\n  - 'f'"},
+        {"--sole x", "The value 'x' is invalid for '--sole <only>'. Please provide one of 'a'."},
+        {"--even 3", "The value '3' is invalid for '--even <even>': odd"},
+        {"--even x", "The value 'x' is invalid for '--even <even>': not a number at all"},
+        {"--secret-number x", "The value 'x' is invalid for '--secret-number'"},
+        {"x", "Help:  <count>  How many.\nError: The value 'x' is invalid for '<count>'"},
+        {"1 x", "The value 'x' is invalid."},
+        {"1 2 3", "Unexpected argument '3'"},
+        {"1 2 3 -- -4 ''", "3 unexpected arguments: '3', '-4', ''"},
+    });
+    EXPECT_EQ(outcome<Failing>("-x"),
+              "64|Error: Unknown option '-x'\n"
+              "Usage: tool [--kind <kind>] [--letter <x>] [--only <only>] [--even <even>] [<count>]\n"
+              "  See 'tool --help' for more information.");
+}
+
+/// Throws what its argument names from `run`, or from `validate` with --early.
+struct Thrower final : ParsableCommand {
+    static CommandConfiguration configuration() { return {.commandName = "thrower"}; }
+
+    Argument<std::string> what{*this, "what", "What to throw."};
+    Flag<bool> early{*this, "early", ""};
+
+    void validate() const override {
+        if (early) {
+            fail();
+        }
+    }
+    void run() const override { fail(); }
+
+private:
+    void fail() const {
+        if (*what == "validation") {
+            throw ValidationError{"refused"};
+        }
+        if (*what == "wordless") {
+            throw ValidationError{};
+        }
+        if (*what == "code") {
+            throw ExitCode{3};
+        }
+        if (*what == "message") {
+            throw CleanExit::message("done");
+        }
+        if (*what == "help") {
+            throw CleanExit::helpRequest();
+        }
+        if (*what == "named") {
+            throw CleanExit::helpRequest(CommandType::of<Thrower>());
+        }
+        throw std::runtime_error(*what == "nothing" ? "" : "broken");
+    }
+};
+
+struct Silent final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "silent", .usage = "", .helpNames = NameSpecification{customShort("?")}};
+    }
+    Flag<bool> color{*this, "color", FlagInversion::prefixedNo, ""};
+    Option<std::vector<std::string>> words{*this, "words",
+                                           ArgumentHelp("", {.visibility = ArgumentVisibility::privateInput})};
+};
+
+struct Top final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "top",
+                .usage = "top one\ntop two",
+                .ungroupedSubcommands = {CommandType::of<Thrower>(), CommandType::of<Silent>()}};
+    }
+};
+
+TEST(ParserErrors, WhatACommandThrows) {
+    const std::string topUsage = "Usage: top one\n       top two\n  See 'top --help' for more information.";
+    const std::string usage = "Usage: top thrower <what> [--early]\n"
+                              "  See 'top thrower --help' for more information.";
+    const std::pair<const char*, std::string> rows[] = {
+        {"thrower validation", "64|Error: refused\n" + topUsage},
+        {"thrower validation --early", "64|Error: refused\n" + usage},
+        {"thrower wordless --early", "64|" + usage},
+        {"thrower code", "3|"},
+        {"thrower code --early", "3|"},
+        {"thrower message", "done"},
+        {"thrower message --early", "done"},
+        {"thrower other", "1|Error: broken"},
+        {"thrower other --early", "1|Error: broken"},
+        {"thrower nothing", "1|"},
+        {"thrower help", outcome<Top>("--help")},
+        {"thrower help --early", outcome<Top>("help thrower")},
+        {"thrower named", outcome<Top>("help thrower")},
+        {"thrower", "64|Help:  <what>  What to throw.\nError: Missing expected argument '<what>'\n" + usage},
+        {"", outcome<Top>("--help")},
+        {"silent", "64|Error: Missing one of: '--color', '--no-color'\n  See 'top silent -?' for more information."},
+        {"silent --color", "64|Error: No value set for non-argument var words. Replace with a static variable, or let "
+                           "constant.\n  See 'top silent -?' for more information."},
+    };
+    for (const auto& [line, expected] : rows) {
+        EXPECT_EQ(outcome<Top>(line), expected) << line;
+    }
+}
+
+TEST(ParserErrors, WithoutAnyArgumentsShowTheHelpOfTheRoot) {
+    EXPECT_EQ(outcome<Thrower>(""), "64|Error: Missing expected argument '<what>'\n\n" + outcome<Thrower>("--help"));
+}
+
+template <class Command>
+void construct() {
+    Tree(CommandType::of<Command>());
+}
+
+struct OwnChild final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "own", .ungroupedSubcommands = {CommandType::of<OwnChild>()}};
+    }
+};
+struct OwnAlias final : ParsableCommand {
+    static CommandConfiguration configuration() { return {.aliases = {"x", "own-alias"}}; }
+};
+struct StrayDefault final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "stray", .defaultSubcommand = CommandType::of<Thrower>()};
+    }
+    Option<std::vector<std::string>> post{*this, "post", {}, "", {.parsing = ParsingStrategy::postTerminator}};
+};
+
+std::string banner(const std::string& message) {
+    const std::string rule(70, '-');
+    return "^\n" + rule + "\n" + message + "\n" + rule + "\n\n$";
+}
+
+TEST(ParserErrors, FaultsOfADeclaration) {
+    EXPECT_EXIT(construct<OwnChild>(), testing::ExitedWithCode(1),
+                banner("The command \"own\" can't have itself as its own subcommand\\."));
+    EXPECT_EXIT(construct<OwnAlias>(), testing::ExitedWithCode(1),
+                banner("The command \"own-alias\" can't have an alias with the same name as the command itself\\."));
+    EXPECT_EXIT(*Thrower().what, testing::ExitedWithCode(1),
+                banner("Can't read a value from a parsable\u00A0argument definition\\.(.|\n)*"));
+    expectRows<StrayDefault>({
+        {"x", "Internal error. Invalid state while parsing command-line arguments."},
+        {"--post x", "Internal error. Invalid state while parsing command-line arguments."},
+    });
+}
+
+} // namespace

@@ -1,0 +1,112 @@
+// Commands declared in a test, parsed and run in the test's own process.
+#pragma once
+
+#include <cstdlib>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "ArgumentParser/Argument.h"
+#include "ArgumentParser/CommandParser.h"
+#include "ArgumentParser/Exits.h"
+#include "ArgumentParser/Flag.h"
+#include "ArgumentParser/MessageInfo.h"
+#include "ArgumentParser/Option.h"
+#include "ArgumentParser/OptionGroup.h"
+#include "ArgumentParser/ParentCommand.h"
+#include "platform/Text.h"
+
+namespace parsertest {
+
+/// What the commands of these tests have in common.
+struct Tool : argumentparser::ParsableCommand {
+    static argumentparser::CommandConfiguration configuration() { return {.commandName = "tool"}; }
+};
+
+template <class T>
+std::string textOf(const T& value) {
+    return argumentparser::ArgumentValue<T>::defaultValueDescription(value);
+}
+inline std::string textOf(const std::string& value) {
+    return value.empty() ? "''" : value;
+}
+template <class T>
+std::string textOf(const std::optional<T>& value) {
+    return value ? textOf(*value) : "";
+}
+inline std::string textOf(const std::optional<bool>& value) {
+    return !value ? "" : *value ? "yes" : "no";
+}
+template <class T>
+std::string textOf(const std::vector<T>& values) {
+    std::vector<std::string> texts;
+    for (const T& value : values) {
+        texts.push_back(textOf(value));
+    }
+    return values.empty() ? "" : "[" + platform::joined(texts, ",") + "]";
+}
+
+/// Ends a command with its inputs, under the labels in `labels`, on standard output: "limit=5 files=[a,b]". Absent
+/// values, empty lists and false go without saying.
+template <class... Inputs>
+[[noreturn]] void print(std::string_view labels, const Inputs&... inputs) {
+    std::string text;
+    std::size_t next = 0;
+    const std::vector<std::string_view> names = platform::split(labels, ' ');
+    const auto add = [&](const std::string& value) {
+        const std::string_view name = names.at(next++);
+        if (!value.empty() && value != "false") {
+            text += (text.empty() ? "" : " ") + std::string(name) + "=" + value;
+        }
+    };
+    (add(textOf(inputs.get())), ...);
+    throw argumentparser::CleanExit::message(text);
+}
+
+/// The words of a line between blanks; '' stands for an empty one.
+inline std::vector<std::string> words(std::string_view line) {
+    std::vector<std::string> result;
+    if (!line.empty()) {
+        for (const std::string_view word : platform::split(line, ' ')) {
+            result.emplace_back(word == "''" ? "" : word);
+        }
+    }
+    return result;
+}
+
+/// What a run prints, behind its status and "|" unless that is 0. Only status 0 prints on standard output.
+template <class Root>
+std::string outcome(std::string_view line) {
+    setenv("COLUMNS", "80", 1);
+    argumentparser::CommandParser parser(argumentparser::CommandType::of<Root>());
+    try {
+        parser.parse(words(line)).run();
+        return "ran";
+    } catch (...) {
+        const auto info = argumentparser::MessageInfo::of(std::current_exception(), parser.commandTree());
+        EXPECT_EQ(info.isForStandardOutput(), info.exitCode() == 0);
+        return (info.exitCode() == 0 ? "" : std::to_string(info.exitCode()) + "|") + info.fullText();
+    }
+}
+
+struct Row {
+    std::string_view line;
+    std::string expected; ///< All of the outcome; of a refusal what stands above the usage, without "64|Error: ".
+};
+
+template <class Root>
+void expectRows(std::initializer_list<Row> rows) {
+    for (const Row& row : rows) {
+        std::string actual = outcome<Root>(row.line);
+        if (actual.starts_with("64|")) {
+            actual = actual.substr(3, actual.find("\nUsage: ") - 3);
+            actual.erase(0, actual.starts_with("Error: ") ? 7 : 0);
+        }
+        EXPECT_EQ(actual, row.expected) << "line: " << row.line;
+    }
+}
+
+} // namespace parsertest

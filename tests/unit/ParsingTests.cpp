@@ -1,0 +1,363 @@
+#include "unit/ParserFixture.h"
+
+#include <cstdint>
+
+#include "ArgumentParser/SplitArguments.h"
+
+using namespace argumentparser;
+using parsertest::expectRows;
+using parsertest::outcome;
+using parsertest::print;
+using parsertest::Tool;
+using parsertest::words;
+
+namespace {
+
+enum class Speed { fast, slow, verySlow };
+enum class Size { small, large };
+
+} // namespace
+
+template <>
+struct argumentparser::ClosedSet<Speed> {
+    static constexpr std::pair<Speed, std::string_view> members[] = {
+        {Speed::fast, "fast"}, {Speed::slow, "slow"}, {Speed::verySlow, "verySlow"}};
+};
+
+template <>
+struct argumentparser::ClosedSet<Size> {
+    static constexpr std::pair<Size, std::string_view> members[] = {{Size::small, "small"}, {Size::large, "large"}};
+    static NameSpecification flagNames(Size size) {
+        return size == Size::small ? NameSpecification{longName(), customShort("s")} : NameSpecification{longName()};
+    }
+};
+
+namespace {
+
+/// "--name=value@0 -a@1.0 'text'@2 terminator@3", or the name of what it failed with.
+std::string splitting(std::string_view line) {
+    const std::vector<std::string> arguments = words(line);
+    std::string text;
+    try {
+        const SplitArguments split(arguments);
+        for (const SplitArguments::Element& element : split.elements()) {
+            text += text.empty() ? "" : " ";
+            if (const ParsedArgument* option = element.option()) {
+                text += option->name.synopsis() + (option->value ? "=" + std::string(*option->value) : "");
+            } else {
+                text += element.isTerminator() ? "terminator" : "'" + std::string(*element.text()) + "'";
+            }
+            text += "@" + std::to_string(element.index.inputIndex);
+            text += element.index.subIndex ? "." + std::to_string(*element.index.subIndex) : "";
+        }
+    } catch (const ParserError& error) {
+        if (const auto* invalid = std::get_if<InvalidOption>(&error)) {
+            return "invalid " + invalid->text;
+        }
+        return "not alphanumeric " + std::get<NonAlphanumericShortOption>(error).character;
+    }
+    return text;
+}
+
+TEST(Splitting, OneText) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"''", "''@0"},
+        {"-", "'-'@0"},
+        {"a-b=c", "'a-b=c'@0"},
+        {"--", "terminator@0"},
+        {"---", "invalid ---"},
+        {"---name", "invalid ---name"},
+        {"--name", "--name@0"},
+        {"--name=a=b", "--name=a=b@0"},
+        {"--name=", "--name@0"},
+        {"-n", "-n@0"},
+        {"-1", "-1@0"},
+        {"-?", "-?@0"},
+        {"-n=5", "-n=5@0"},
+        {"-n=", "-n=@0"},
+        {"-=x", "invalid -=x"},
+        {"-abc", "-abc@0 -a@0.0 -b@0.1 -c@0.2"},
+        {"-ab=x=y", "-ab=x=y@0 -a@0.0 -b=x=y@0.1"},
+        {"-aé", "-aé@0 -a@0.0 -é@0.1"},
+        {"-a-b", "not alphanumeric -"},
+        {"a -- -b --c --- -- ''", "'a'@0 terminator@1 '-b'@2 '--c'@3 '---'@4 '--'@5 ''@6"}};
+    for (const auto& [line, expected] : rows) {
+        EXPECT_EQ(splitting(line), expected) << line;
+    }
+}
+
+struct Options final : Tool {
+    Option<std::optional<std::string>> file{*this, "file", "", {.names = {longName(), shortName()}}};
+    Option<std::optional<std::string>> number{
+        *this, "number", "", {.names = {customShort("n", true), longName(), customLong("num", true)}}};
+    Option<std::vector<int>> scan{*this, "scan", {1, 2}, "", {.names = {longName(), shortName()}}};
+    Option<std::vector<std::string>> any{*this, "any", {}, "", {.parsing = ParsingStrategy::unconditional}};
+    Option<std::vector<std::string>> up{
+        *this, "up", {"old"}, "", {.names = {longName(), shortName()}, .parsing = ParsingStrategy::upToNextOption}};
+    Option<std::vector<std::string>> rest{*this, "rest", {}, "", {.parsing = ParsingStrategy::allRemainingInput}};
+    Option<std::optional<std::string>> _json{*this, "_json", ""};
+    Flag<bool> a{*this, "a", "", {.names = {shortName()}}};
+    Flag<bool> b{*this, "b", "", {.names = {shortName()}}};
+    Argument<std::vector<std::string>> values{*this, "values", {}, ""};
+
+    void run() const override {
+        print("file number scan any up rest json a b values", file, number, scan, any, up, rest, _json, a, b, values);
+    }
+};
+
+TEST(Parsing, EveryStrategyOfAnOption) {
+    const std::string rest = " scan=[1,2] up=[old]";
+    expectRows<Options>({
+        // The next element, which must be a value.
+        {"--file x", "file=x" + rest},
+        {"--file= x", "file=x" + rest},
+        {"--file=--b", "file=--b" + rest},
+        {"-f=", "file=''" + rest},
+        {"--file x --file y", "file=y" + rest},
+        {"--json {}", "scan=[1,2] up=[old] json={}"},
+        {"-fn F N", "file=F number=N" + rest},
+        {"--file", "Missing value for '--file <file>'"},
+        {"--file -5", "Missing value for '--file <file>'"},
+        {"--file -- x", "Missing value for '--file <file>'"},
+        // Joined, and a group that is a long name behind a single dash.
+        {"-n5", "number=5" + rest},
+        {"-nba=x", "number=ba=x" + rest},
+        {"-n=5", "number=5" + rest},
+        {"-an5", "Unknown option '-an5'. Did you mean '-n'?\n   or: Missing value for '-n <number>' in '-an5'"},
+        {"-num 5", "number=5" + rest},
+        {"-num=5", "number=5" + rest},
+        {"-ab", "scan=[1,2] up=[old] a=true b=true"},
+        {"-aa", "scan=[1,2] up=[old] a=true"},
+        // The next value anywhere behind the name; the first one clears the default.
+        {"--scan 3 --scan=4", "scan=[3,4] up=[old]"},
+        {"x --scan -a 3 -s 4 y", "scan=[3,4] up=[old] a=true values=[x,y]"},
+        {"--scan --file 3 y", "file=y scan=[3] up=[old]"},
+        {"--scan -a -- 3", "Missing value for '--scan <scan>'"},
+        // Whatever stands at the next position.
+        {"--any --help --any -- --any=x -ab", "scan=[1,2] any=[--help,--] up=[old] values=[--any=x,-ab]"},
+        {"--any -ab c", "scan=[1,2] any=[-ab] up=[old] values=[c]"},
+        {"--any", "Missing value for '--any <any>'"},
+        // Values up to the next option.
+        {"--up x y -a z --up w -- v", "scan=[1,2] up=[x,y,w] a=true values=[z,v]"},
+        {"--up=x y", "scan=[1,2] up=[x] values=[y]"},
+        {"--up -a", "Missing value for '--up <up>'"},
+        // Everything that remains.
+        {"v --rest=x -ab -- --file --", "scan=[1,2] up=[old] rest=[x,-ab,--,--file,--] values=[v]"},
+        {"--rest --help", "scan=[1,2] up=[old] rest=[--help]"},
+        {"--rest", "scan=[1,2] up=[old]"},
+    });
+}
+
+template <ParsingStrategy strategy>
+struct Positionals final : Tool {
+    Argument<std::optional<int>> first{*this, "first", ""};
+    Argument<std::vector<std::string>> rest{*this, "rest", {}, "", {.parsing = strategy}};
+    Flag<bool> a{*this, "a", "", {.names = {shortName()}}};
+    Flag<bool> b{*this, "b", "", {.names = {shortName()}}};
+
+    void run() const override { print("first rest a b", first, rest, a, b); }
+};
+
+TEST(Parsing, EveryStrategyOfAPositional) {
+    expectRows<Positionals<ParsingStrategy::nextValue>>({
+        {"", ""},
+        {"-a 1 x -b -- -y --", "first=1 rest=[x,-y,--] a=true b=true"},
+        {"x", "The value 'x' is invalid for '<first>'"},
+        {"x --help", "The value 'x' is invalid for '<first>'"},
+        {"1 -ax", "Unknown option '-x'"},
+        {"1 -xa", "Unknown option '-x'"},
+        {"1 -xy", "Unknown option '-xy'. Did you mean '-a'?"},
+    });
+    expectRows<Positionals<ParsingStrategy::postTerminator>>({
+        {"1 -a -- 2 -b", "first=1 rest=[2,-b] a=true"},
+        {"-- 2", "rest=[2]"},
+        {"1 2 -- 3", "Unexpected argument '2'"},
+        {"1 2 4 -- 3", "2 unexpected arguments: '2', '4'"},
+    });
+    expectRows<Positionals<ParsingStrategy::allRemainingInput>>({
+        {"-a 1 x -b --what --help", "first=1 rest=[x,-b,--what,--help] a=true"},
+        {"-ba 1", "first=1 a=true b=true"},
+    });
+    expectRows<Positionals<ParsingStrategy::allUnrecognized>>({
+        {"1 -a x --what=y -bz -- -w", "first=1 rest=[x,--what=y,-z,-w] a=true b=true"},
+        {"1 -xy", "first=1 rest=[-xy]"},
+    });
+}
+
+struct Flags final : Tool {
+    Flag<std::optional<bool>> color{
+        *this, "color", FlagInversion::prefixedNo, "", {.names = {longName(), shortName()}}};
+    Flag<bool> index{
+        *this, "fullIndex", FlagInversion::prefixedEnableDisable,
+        false, "",          {.names = {longName(), customShort("i")}, .exclusivity = FlagExclusivity::chooseLast}};
+    Flag<int> verbose{*this, "verbose", "", {.names = {longName(), shortName()}}};
+    Flag<Speed> speed{*this, "speed", Speed::slow, ""};
+    Flag<std::optional<Size>> size{*this, "size", "", {.exclusivity = FlagExclusivity::chooseFirst}};
+
+    void run() const override { print("color index verbose speed size", color, index, verbose, speed, size); }
+};
+
+TEST(Parsing, EveryFormOfAFlag) {
+    expectRows<Flags>({
+        {"", "verbose=0 speed=slow"},
+        {"--color -c", "color=yes verbose=0 speed=slow"},
+        {"--no-color", "color=no verbose=0 speed=slow"},
+        {"-c --no-color", "Value to be set with flag '--no-color' had already been set with flag '-c'"},
+        {"-vc --no-color", "Value to be set with flag '--no-color' had already been set with flag 'c' in '-vc'"},
+        {"-vvv --verbose", "verbose=4 speed=slow"},
+        {"--enable-full-index --disable-full-index", "verbose=0 speed=slow"},
+        {"--disable-full-index -i", "index=true verbose=0 speed=slow"},
+        {"--very-slow --very-slow", "verbose=0 speed=verySlow"},
+        {"--fast --slow", "Value to be set with flag '--slow' had already been set with flag '--fast'"},
+        {"-s --large --large", "verbose=0 speed=slow size=small"},
+        {"--large -s", "verbose=0 speed=slow size=large"},
+        {"--fast=1", "The option '--fast' does not take any value, but '1' was specified."},
+        {"-vc=", "The option '-c' does not take any value, but '' was specified."},
+    });
+}
+
+/// The texts of the values that `texts` are read as, and "-" for what is refused.
+template <class T>
+std::string reading(std::initializer_list<std::string_view> texts) {
+    std::vector<std::string> values;
+    for (const std::string_view text : texts) {
+        const std::optional<T> value = ArgumentValue<T>::read(text);
+        values.push_back(value ? parsertest::textOf(*value) : "-");
+    }
+    return platform::joined(values, " ");
+}
+
+TEST(Parsing, ValueTypes) {
+    EXPECT_EQ(reading<std::int8_t>({"-128", "127", "-129", "128"}), "-128 127 - -");
+    EXPECT_EQ(reading<std::uint8_t>({"255", "256", "-1"}), "255 - -");
+    EXPECT_EQ(reading<std::int16_t>({"-32768", "-32769"}), "-32768 -");
+    EXPECT_EQ(reading<std::uint16_t>({"65535", "65536"}), "65535 -");
+    EXPECT_EQ(reading<std::int32_t>({"2147483647", "2147483648"}), "2147483647 -");
+    EXPECT_EQ(reading<std::uint32_t>({"4294967295", "4294967296"}), "4294967295 -");
+    EXPECT_EQ(reading<std::int64_t>({"-9223372036854775808", "9223372036854775808"}), "-9223372036854775808 -");
+    EXPECT_EQ(reading<std::uint64_t>({"18446744073709551615", "18446744073709551616"}), "18446744073709551615 -");
+    EXPECT_EQ(reading<int>({"", " 1", "1 ", "1.0", "0x10", "1e3", "١", "--1", "+-1", "007"}), "- - - - - - - - - 7");
+    EXPECT_EQ(reading<double>({"-1.5e3", "", "1,5", "1.5x", "0x1p3", " 1"}), "-1500 - - - - -");
+    EXPECT_EQ(reading<float>({"0.25", "1e39"}), "0.25 -");
+    EXPECT_EQ(reading<bool>({"true", "false", "True", "1", ""}), "true false - - -");
+    EXPECT_EQ(reading<Speed>({"verySlow", "very-slow", ""}), "verySlow - -");
+}
+
+/// The hooks of one run, in order.
+std::string hooks;
+
+struct Inner final : ParsableArguments {
+    Option<std::optional<std::string>> deep{*this, "deep", ""};
+
+    void validate() const override { hooks += "inner "; }
+};
+
+struct Outer final : ParsableArguments {
+    OptionGroup<Inner> inner{*this, "inner"};
+    Option<std::optional<std::string>> deep{*this, "outerDeep", "", {.names = {customLong("outer")}}};
+
+    void validate() const override { hooks += "outer "; }
+};
+
+struct Root;
+
+struct Leaf final : ParsableCommand {
+    static CommandConfiguration configuration() { return {.commandName = "leaf", .aliases = {"l", "branch"}}; }
+
+    ParentCommand<Root> root{*this};
+    OptionGroup<Outer> outer{*this, "outer"};
+    Flag<bool> fail{*this, "fail", ""};
+    Option<std::vector<std::string>> any{*this, "any", {}, "", {.parsing = ParsingStrategy::unconditional}};
+
+    void validate() const override {
+        hooks += "leaf ";
+        if (fail) {
+            throw ValidationError{"refused"};
+        }
+    }
+    void run() const override;
+};
+
+struct Branch final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.version = "2", .ungroupedSubcommands = {CommandType::of<Leaf>()}, .aliases = {"same"}};
+    }
+    void validate() const override { hooks += "branch "; }
+};
+
+struct Required final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "required",
+                .shouldDisplay = false,
+                .helpNames = NameSpecification{customShort("?"), customLong("aide")}};
+    }
+    Argument<std::string> word{*this, "word", ""};
+    Option<std::optional<std::string>> any{*this, "any", "", {.parsing = ParsingStrategy::unconditional}};
+    void run() const override { print("word", word); }
+};
+
+/// Has an ancestor that isn't on its way down.
+struct Orphan final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.helpNames = NameSpecification(), .aliases = {"same", "required"}};
+    }
+    ParentCommand<Branch> branch{*this};
+};
+
+struct Root final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "root",
+                .version = "1",
+                .ungroupedSubcommands = {CommandType::of<Branch>(), CommandType::of<Required>()},
+                .groupedSubcommands = {{"More", {CommandType::of<Orphan>(), CommandType::of<Leaf>()}}},
+                .defaultSubcommand = CommandType::of<Leaf>()};
+    }
+    Option<std::optional<std::string>> name{*this, "name", ""};
+    void validate() const override { hooks += "root "; }
+};
+
+void Leaf::run() const {
+    print("name inner outer", root->name, outer->inner->deep, outer->deep);
+}
+
+TEST(Parsing, WalksDownTheTree) {
+    const auto run = [](std::string_view line) {
+        hooks.clear();
+        const std::string text = outcome<Root>(line);
+        return text + "|" + hooks;
+    };
+    EXPECT_EQ(run("--outer o"), "outer=o|root inner outer leaf ");
+    EXPECT_EQ(run("leaf --name n --deep d"), "name=n inner=d|root inner outer leaf ");
+    EXPECT_EQ(run("branch l"), "|root branch inner outer leaf ");
+    // The first child that answers to a word, in order, is the one.
+    EXPECT_EQ(run("same branch"), "|root branch inner outer leaf ");
+    EXPECT_EQ(run("required required"), "word=required|root ");
+    EXPECT_NE(outcome<Root>("help l"), outcome<Root>("help"));
+    EXPECT_NE(outcome<Root>("help branch l"), outcome<Root>("help l"));
+    EXPECT_EQ(outcome<Root>("branch"), outcome<Root>("help branch"));
+    EXPECT_EQ(outcome<Root>("branch --help"), outcome<Root>("help same unknown leaf"));
+    EXPECT_EQ(outcome<Root>("leaf --help"), outcome<Root>("help l"));
+    EXPECT_EQ(outcome<Root>("--help"), outcome<Root>("help"));
+    EXPECT_EQ(outcome<Root>("help --help leaf -h -help"), outcome<Root>("help leaf"));
+    expectRows<Root>({
+        {"--version", "1"},
+        {"leaf --version", "1"},
+        {"branch --version", "2"},
+        {"branch leaf x --version --fail", "2"},
+        {"required --version", "1"},
+        {"leaf --any --version --any --help --fail", "refused"},
+        {"--outer o branch", "Unexpected argument 'branch'"},
+        {"-- leaf", "Unexpected argument 'leaf'"},
+        {"orphan", "Command 'branch' is not a parent of the current command."},
+        {"required --any --aide", "Missing expected argument '<word>'"},
+        {"required -h", "Missing expected argument '<word>'"},
+        {"required x -h", "Unknown option '-h'"},
+        {"help --what", "Unknown option '--what'"},
+    });
+    EXPECT_EQ(outcome<Root>("required --aide"), outcome<Root>("help required"));
+    EXPECT_EQ(outcome<Root>("required -?"), outcome<Root>("help required"));
+    EXPECT_EQ(outcome<Root>("required --aide-hidden"), outcome<Root>("help required"));
+    EXPECT_EQ(outcome<Root>("branch leaf --fail x --help"), outcome<Root>("help branch leaf"));
+}
+
+} // namespace
