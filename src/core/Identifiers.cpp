@@ -1,5 +1,8 @@
 #include "core/Identifiers.h"
 
+#include "ArgumentParser/Exits.h"
+#include "core/CLIError.h"
+
 namespace orvane {
 
 bool isUUID(std::string_view text) {
@@ -15,6 +18,18 @@ bool isUUID(std::string_view text) {
         }
     }
     return true;
+}
+
+void requireUUID(std::string_view text) {
+    if (!isUUID(text)) {
+        throw CLIError::invalidInput("Invalid UUID: " + std::string(text));
+    }
+}
+
+void validateUUID(std::string_view text) {
+    if (!isUUID(text)) {
+        throw argumentparser::ValidationError{"Invalid UUID: " + std::string(text)};
+    }
 }
 
 } // namespace orvane

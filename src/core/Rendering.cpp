@@ -29,7 +29,7 @@ std::string ansiStyled(std::string_view text, std::string_view code) {
     return styled.append("\x1B[").append(code).append("m").append(text).append("\x1B[0m");
 }
 
-void printLabelledRows(const std::vector<LabelledRow>& rows) {
+std::string labelledRowsText(const std::vector<LabelledRow>& rows) {
     std::size_t width = 0;
     for (const LabelledRow& row : rows) {
         width = std::max(width, platform::characterCount(row.label));
@@ -40,7 +40,11 @@ void printLabelledRows(const std::vector<LabelledRow>& rows) {
         label.append(width - platform::characterCount(row.label), ' ');
         text += ansiStyled(label, "2") + "  " + ansiStyled(row.value, row.code) + "\n";
     }
-    platform::writeStandardOutput(rows.empty() ? "\n" : text);
+    return text;
+}
+
+void printLabelledRows(const std::vector<LabelledRow>& rows) {
+    platform::writeStandardOutput(rows.empty() ? "\n" : labelledRowsText(rows));
 }
 
 std::string singleLine(std::string_view text, std::size_t limit) {

@@ -18,6 +18,16 @@ void printRawResponse(std::string_view data);
 /// failOnErrorStatus, then printRawResponse: all that most commands do with an answer.
 void printReply(const ServiceReply& reply);
 
+/// Gives the answer's object to `render`. An answer that holds none is no failure: it is printed as it came.
+template <class Render>
+void renderObject(std::string_view data, Render render) {
+    if (const auto document = platform::JsonDocument::parseObject(data)) {
+        render(document->object());
+    } else {
+        printRawResponse(data);
+    }
+}
+
 /// Whether standard output is a terminal, asked once. Colour depends on nothing else.
 bool stdoutIsTerminal();
 
@@ -31,7 +41,10 @@ struct LabelledRow {
     std::string_view code; ///< The value's ANSI code; empty for none.
 };
 
-/// Prints the rows with their values in one column behind dim labels.
+/// The rows with their values in one column behind dim labels, each on a line of its own.
+std::string labelledRowsText(const std::vector<LabelledRow>& rows);
+
+/// Prints the rows; an empty line when there are none.
 void printLabelledRows(const std::vector<LabelledRow>& rows);
 
 /// `text` on one line of at most `limit` characters, which end in "…" when some had to go.

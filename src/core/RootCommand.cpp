@@ -3,8 +3,18 @@
 #include "core/StatusCommands.h"
 #include "library/CheckIn.h"
 #include "library/Search.h"
+#include "shell/Cat.h"
+#include "shell/Delete.h"
 #include "shell/Find.h"
+#include "shell/Grep.h"
 #include "shell/Ls.h"
+#include "shell/Mkdir.h"
+#include "shell/Mv.h"
+#include "shell/ReplaceLines.h"
+#include "shell/Rm.h"
+#include "shell/Sed.h"
+#include "shell/Stat.h"
+#include "shell/Tee.h"
 
 namespace orvane {
 
@@ -15,12 +25,13 @@ CommandConfiguration OrvaneCLI::configuration() {
         .version = "0.4.0",
         .ungroupedSubcommands =
             {
-                CommandType::of<Status>(),
-                CommandType::of<WhoAmI>(),
-                CommandType::of<CheckIn>(),
-                CommandType::of<Search>(),
-                CommandType::of<Ls>(),
-                CommandType::of<Find>(),
+                CommandType::of<Status>(),       CommandType::of<WhoAmI>(), CommandType::of<CheckIn>(),
+                CommandType::of<Search>(),       CommandType::of<Delete>(), CommandType::of<Ls>(),
+                CommandType::of<Find>(),         CommandType::of<Cat>(),    CommandType::of<Head>(),
+                CommandType::of<Tail>(),         CommandType::of<Stat>(),   CommandType::of<Grep>(),
+                CommandType::of<Mkdir>(),        CommandType::of<Tee>(),    CommandType::of<Sed>(),
+                CommandType::of<ReplaceLines>(), CommandType::of<Mv>(),     CommandType::of<Rm>(),
+                CommandType::of<Rmdir>(),
             },
     };
 }

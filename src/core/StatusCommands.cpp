@@ -10,7 +10,6 @@ namespace orvane {
 
 namespace {
 
-using platform::JsonDocument;
 using platform::JsonObject;
 
 std::string versionValue(const JsonObject& status, std::string_view version) {
@@ -107,11 +106,7 @@ CommandConfiguration Status::configuration() {
 void Status::run() const {
     const ServiceReply reply = serviceGet("/api/status", standardTimeout);
     failOnErrorStatus(reply);
-    if (const auto document = JsonDocument::parseObject(reply.data)) {
-        printLabelledRows(statusRows(document->object()));
-    } else {
-        printRawResponse(reply.data);
-    }
+    renderObject(reply.data, [](const JsonObject& status) { printLabelledRows(statusRows(status)); });
 }
 
 CommandConfiguration WhoAmI::configuration() {
@@ -122,14 +117,13 @@ CommandConfiguration WhoAmI::configuration() {
 void WhoAmI::run() const {
     const ServiceReply reply = serviceGet("/api/whoami", standardTimeout);
     failOnErrorStatus(reply);
-    const auto document = JsonDocument::parseObject(reply.data);
-    if (!document) {
-        printRawResponse(reply.data);
-    } else if (document->object().boolean("authenticated") == false) {
-        platform::writeStandardOutput("Not signed in to Orvane.\n");
-    } else {
-        printLabelledRows(userRows(document->object()));
-    }
+    renderObject(reply.data, [](const JsonObject& user) {
+        if (user.boolean("authenticated") == false) {
+            platform::writeStandardOutput("Not signed in to Orvane.\n");
+        } else {
+            printLabelledRows(userRows(user));
+        }
+    });
 }
 
 } // namespace orvane

@@ -7,7 +7,7 @@
 
 namespace orvane {
 
-std::string readTextFile(const std::string& path) {
+std::string readWholeTextFile(const std::string& path) {
     const std::string expanded = platform::expandTilde(path);
     if (!platform::fileExists(expanded)) {
         throw CLIError::invalidInput("File not found: " + path);
@@ -16,10 +16,15 @@ std::string readTextFile(const std::string& path) {
     if (!text || !platform::isValidUtf8(*text)) {
         throw CLIError::invalidInput("Could not read file: " + path);
     }
-    if (text->ends_with('\n') && !text->ends_with("\r\n")) {
-        text->pop_back();
-    }
     return *std::move(text);
+}
+
+std::string readTextFile(const std::string& path) {
+    std::string text = readWholeTextFile(path);
+    if (text.ends_with('\n') && !text.ends_with("\r\n")) {
+        text.pop_back();
+    }
+    return text;
 }
 
 std::optional<std::string> readPipedText() {

@@ -6,8 +6,11 @@
 
 namespace orvane {
 
-/// The text of a file, without one final line feed; a final CR LF stays. A leading "~" or "~user" is expanded. Throws
-/// CLIError when there is no such file, it can't be read, or it is not valid UTF-8.
+/// The whole text of a file. A leading "~" or "~user" is expanded. Throws CLIError when there is no such file, it can't
+/// be read, or it is not valid UTF-8.
+std::string readWholeTextFile(const std::string& path);
+
+/// The same without one final line feed; a final CR LF stays.
 std::string readTextFile(const std::string& path);
 
 /// All of standard input, unchanged. Nothing when it is a terminal (which is not waited for), empty, or not valid

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <stdexcept>
 
 #include <boost/json/monotonic_resource.hpp>
 #include <boost/json/parser.hpp>
@@ -212,7 +213,7 @@ JsonDocument::JsonDocument(JsonDocument&&) noexcept = default;
 JsonDocument& JsonDocument::operator=(JsonDocument&&) noexcept = default;
 JsonDocument::~JsonDocument() = default;
 
-std::optional<JsonDocument> JsonDocument::parse(std::string_view text) {
+std::unique_ptr<JsonDocument::Storage> JsonDocument::parsed(std::string_view text, std::string& problem) {
     json::parse_options options;
     options.max_depth = levelLimit;
     json::parser parser(json::storage_ptr(), options);
@@ -221,9 +222,25 @@ std::optional<JsonDocument> JsonDocument::parse(std::string_view text) {
     json::error_code error;
     parser.write(text.data(), text.size(), error);
     if (error) {
-        return std::nullopt;
+        problem = error.message();
+        return nullptr;
     }
     storage->root.emplace(parser.release());
+    return storage;
+}
+
+std::optional<JsonDocument> JsonDocument::parse(std::string_view text) {
+    std::string problem;
+    std::unique_ptr<Storage> storage = parsed(text, problem);
+    return storage ? std::optional(JsonDocument(std::move(storage))) : std::nullopt;
+}
+
+JsonDocument JsonDocument::parseOrThrow(std::string_view text) {
+    std::string problem;
+    std::unique_ptr<Storage> storage = parsed(text, problem);
+    if (!storage) {
+        throw std::runtime_error("The data is not valid JSON: " + problem + ".");
+    }
     return JsonDocument(std::move(storage));
 }
 

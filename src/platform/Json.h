@@ -61,6 +61,8 @@ class JsonDocument {
 public:
     /// Nothing when `text` is not strict JSON in UTF-8 of at most 512 levels.
     static std::optional<JsonDocument> parse(std::string_view text);
+    /// `parse` that throws std::runtime_error, which says what is wrong, in place of giving nothing.
+    static JsonDocument parseOrThrow(std::string_view text);
     /// `parse`, kept when the top level is an object.
     static std::optional<JsonDocument> parseObject(std::string_view text);
 
@@ -74,6 +76,8 @@ public:
 
 private:
     struct Storage;
+    /// Null, and what is wrong, for a text that can't be parsed.
+    static std::unique_ptr<Storage> parsed(std::string_view text, std::string& problem);
     explicit JsonDocument(std::unique_ptr<Storage> storage);
     std::unique_ptr<Storage> storage_;
 };
@@ -94,6 +98,10 @@ public:
     template <class Value>
     JsonBody& setIfGiven(std::string_view key, const std::optional<Value>& value) {
         return value ? set(key, *value) : *this;
+    }
+
+    JsonBody& setIfNotEmpty(std::string_view key, const std::vector<std::string>& values) {
+        return values.empty() ? *this : set(key, values);
     }
 
     /// The object's text, which is moved out.

@@ -49,7 +49,7 @@ int writeAll(int descriptor, std::vector<iovec> pieces) {
     return 0;
 }
 
-int writeAll(int descriptor, std::initializer_list<std::string_view> texts) {
+int writeAll(int descriptor, std::span<const std::string_view> texts) {
     std::vector<iovec> pieces;
     for (const std::string_view text : texts) {
         if (!text.empty()) {
@@ -76,10 +76,14 @@ std::size_t readSome(char* buffer, std::size_t size) {
 
 } // namespace
 
-void writeStandardOutput(std::initializer_list<std::string_view> pieces) {
+void writeStandardOutput(std::span<const std::string_view> pieces) {
     if (const int error = writeAll(STDOUT_FILENO, pieces); error != 0) {
         throw OutputError(std::string("Could not write to standard output: ") + std::strerror(error));
     }
+}
+
+void writeStandardOutput(std::initializer_list<std::string_view> pieces) {
+    writeStandardOutput(std::span(pieces.begin(), pieces.size()));
 }
 
 void writeStandardOutput(std::string_view text) {
@@ -87,7 +91,7 @@ void writeStandardOutput(std::string_view text) {
 }
 
 void writeStandardError(std::string_view text) {
-    writeAll(STDERR_FILENO, {text});
+    writeAll(STDERR_FILENO, std::span(&text, 1));
 }
 
 bool isTerminal(Stream stream) {

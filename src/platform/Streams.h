@@ -2,6 +2,7 @@
 #pragma once
 
 #include <initializer_list>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -15,6 +16,7 @@ class OutputError : public std::runtime_error {
 
 /// Writes all `pieces`, in order and in one system call where the system takes it, to standard output.
 /// Throws OutputError. A closed pipe ends the process by its signal.
+void writeStandardOutput(std::span<const std::string_view> pieces);
 void writeStandardOutput(std::initializer_list<std::string_view> pieces);
 void writeStandardOutput(std::string_view text);
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "core/DisplayDates.h"
 #include "core/Rendering.h"
 #include "core/ServiceClient.h"
 #include "platform/Streams.h"
@@ -37,15 +36,6 @@ OptionalColumns optionalColumns(const std::vector<JsonObject>& nodes) {
     return columns;
 }
 
-std::string textOrEmpty(const JsonObject& node, std::string_view key) {
-    return std::string(node.text(key).value_or(""));
-}
-
-std::string updatedLabel(const JsonObject& node) {
-    const auto original = node.text("originalUpdatedAt");
-    return formatDisplayDate(original ? *original : node.text("updatedAt").value_or(""));
-}
-
 std::vector<TableCell> headerRow(const OptionalColumns& columns) {
     std::vector<TableCell> row{{"kind", "1"}, {"owner", "1"}};
     if (columns.shared) {
@@ -64,23 +54,27 @@ std::vector<TableCell> headerRow(const OptionalColumns& columns) {
     return row;
 }
 
+TableCell cell(const JsonObject& node, std::string_view key, std::string_view style) {
+    return {std::string(textOrEmpty(node, key)), style};
+}
+
 std::vector<TableCell> nodeRow(const JsonObject& node, const OptionalColumns& columns) {
     constexpr std::size_t nameLimit = 80;
     const std::string owner = ownerLabel(node.object("sourceOwner"));
-    std::vector<TableCell> row{{textOrEmpty(node, "kind"), "2"}, {owner, owner == "me" ? "32" : "33"}};
+    std::vector<TableCell> row{cell(node, "kind", "2"), {owner, owner == "me" ? "32" : "33"}};
     if (columns.shared) {
         row.push_back({sharedWithLabel(grantsOf(node)), "35"});
     }
     if (columns.session) {
-        row.push_back({textOrEmpty(node, "initiated"), "35"});
-        row.push_back({textOrEmpty(node, "executionMode"), "2"});
+        row.push_back(cell(node, "initiated", "35"));
+        row.push_back(cell(node, "executionMode", "2"));
     }
     row.push_back({updatedLabel(node), "2"});
-    row.push_back({textOrEmpty(node, "id"), "36"});
+    row.push_back(cell(node, "id", "36"));
     if (columns.thread) {
-        row.push_back({textOrEmpty(node, "threadId"), "36"});
+        row.push_back(cell(node, "threadId", "36"));
     }
-    row.push_back({singleLine(node.text("name").value_or(""), nameLimit), "1"});
+    row.push_back({singleLine(textOrEmpty(node, "name"), nameLimit), "1"});
     return row;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/DisplayDates.h"
 #include "platform/Files.h"
 #include "platform/Text.h"
 
@@ -36,10 +37,14 @@ QueryItems emailFilterItems(const EmailListingFilterOptions& options) {
         .addIfGiven("subject", options.subject);
 }
 
-void validatePage(Integer limit, Integer offset) {
+void validateLimit(Integer limit) {
     if (limit < 1 || limit > 500) {
         throw ValidationError{"limit must be between 1 and 500."};
     }
+}
+
+void validatePage(Integer limit, Integer offset) {
+    validateLimit(limit);
     if (offset < 0) {
         throw ValidationError{"offset must be >= 0."};
     }
@@ -94,6 +99,15 @@ std::string sharedWithLabel(const std::vector<platform::JsonObject>& grants) {
     }
     const std::size_t total = grants.size();
     return total > shown ? text + " +" + std::to_string(total - shown) : text;
+}
+
+std::string updatedLabel(const platform::JsonObject& node) {
+    const auto original = node.text("originalUpdatedAt");
+    return formatDisplayDate(original ? *original : textOrEmpty(node, "updatedAt"));
+}
+
+std::string_view textOrEmpty(const platform::JsonObject& record, std::string_view key) {
+    return record.text(key).value_or("");
 }
 
 } // namespace orvane

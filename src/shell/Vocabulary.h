@@ -55,7 +55,10 @@ struct EmailListingFilterOptions final : ParsableArguments {
 /// The query of the filters that are given.
 QueryItems emailFilterItems(const EmailListingFilterOptions& options);
 
-/// The page of a listing. Throws ValidationError when `limit` is not 1 to 500 or `offset` is negative.
+/// How many nodes or results are asked for. Throws ValidationError unless it is 1 to 500.
+void validateLimit(Integer limit);
+
+/// The page of a listing. Throws ValidationError for its limit and for a negative offset.
 void validatePage(Integer limit, Integer offset);
 
 /// What "." in a `--repo` value, a path, or a canonical repository key stands for in a request: a full path, or the
@@ -64,6 +67,12 @@ std::string normalizeRepoArgument(std::string_view value);
 
 /// Whom a node is shared with, from its "sharedWith", on about 20 characters: what does not fit is only counted.
 std::string sharedWithLabel(const std::vector<platform::JsonObject>& grants);
+
+/// When a node was last updated, as listings show it; empty when its record doesn't tell.
+std::string updatedLabel(const platform::JsonObject& node);
+
+/// The text of a key; empty when it is missing.
+std::string_view textOrEmpty(const platform::JsonObject& record, std::string_view key);
 
 /// Kinds whose nodes are directories when their record doesn't say so itself.
 inline constexpr std::array<std::string_view, 11> containerKinds{

@@ -1,0 +1,15 @@
+// The request by which `sed` and `replace-lines` edit a context's body. The service finds the match.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/ServiceClient.h"
+
+namespace orvane {
+
+/// Sends the edit of the context `id` in the name of `verb` and gives the successful answer. Throws CLIError, or
+/// ExitCode behind a reported error.
+ServiceReply postContextEdit(const std::string& id, JsonBody body, std::string_view verb);
+
+} // namespace orvane
