@@ -10,6 +10,4 @@ struct Library;
 /// Answers any request; a refusal is an answer too.
 Response answer(Library& library, std::string_view method, std::string_view target, std::string body);
 
-Response refusal(unsigned status, std::string_view message);
-
 } // namespace sample

@@ -19,4 +19,7 @@ std::optional<Instant> parseInstant(std::string_view text, DayEdge edge = DayEdg
 /// "Mar 7, 2024, 2:05 PM UTC".
 std::string displayTimestamp(Instant instant);
 
+/// "2024-03-07T14:05:09.250Z".
+std::string isoTimestamp(Instant instant);
+
 } // namespace sample

@@ -1,7 +1,5 @@
 #include "library.h"
 
-#include "text.h"
-
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
@@ -21,16 +19,19 @@ std::string readFile(const std::string& path) {
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"), &std::fclose);
     std::string content;
     char block[16384];
-    while (const std::size_t count = file ? std::fread(block, 1, sizeof block, file.get()) : 0)
+    while (const std::size_t count = file ? std::fread(block, 1, sizeof block, file.get()) : 0) {
         content.append(block, count);
-    if (!file || std::ferror(file.get()))
+    }
+    if (!file || std::ferror(file.get())) {
         throw std::runtime_error(std::strerror(errno));
+    }
     return content;
 }
 
 void require(bool condition, const std::string& complaint) {
-    if (!condition)
+    if (!condition) {
         throw std::runtime_error(complaint);
+    }
 }
 
 std::vector<json::object> takeObjects(json::object& object, std::string_view key) {
@@ -46,8 +47,9 @@ std::vector<json::object> takeObjects(json::object& object, std::string_view key
 }
 
 void checkTexts(const json::object& object, std::initializer_list<std::string_view> keys) {
-    for (const std::string_view key : keys)
+    for (const std::string_view key : keys) {
         require(!text(object, key).empty(), "an entry lacks its " + std::string(key) + ": " + json::serialize(object));
+    }
 }
 
 void checkNode(const Library& library, const Node& node) {
@@ -57,8 +59,9 @@ void checkNode(const Library& library, const Node& node) {
     require(library.findUser(text(node, "owner")), "node " + id + " has an unknown owner");
     require(text(node, "parentId").empty() || library.findNode(text(node, "parentId")),
             "node " + id + " does not stand behind its parent");
-    for (const auto* key : {"updatedAt", "originalUpdatedAt", "originalCreatedAt"})
+    for (const auto* key : {"updatedAt", "originalUpdatedAt", "originalCreatedAt"}) {
         require(!node.contains(key) || parseInstant(text(node, key)), "node " + id + " has no usable " + key);
+    }
 }
 
 Library readLibrary(const std::string& content) {
@@ -69,12 +72,17 @@ Library readLibrary(const std::string& content) {
     library.account = root.get_object();
     library.users = takeObjects(library.account, "users");
     require(!library.users.empty(), "it has no users");
-    for (const json::object& user : library.users)
+    for (const json::object& user : library.users) {
         checkTexts(user, {"id", "name", "email"});
+    }
     for (Node& node : takeObjects(library.account, "nodes")) {
         checkNode(library, node);
         library.nodes.push_back(std::move(node));
     }
+    const std::string_view rootId = text(library.account, "contextsRootId");
+    const Node* top = library.findNode(rootId);
+    require(rootId.empty() || (top && text(*top, "kind") == "integration_root" && text(*top, "parentId").empty()),
+            "its contextsRootId is not the id of an integration_root without a parent");
     return library;
 }
 
@@ -97,8 +105,9 @@ Instant lastChange(const Node& node) {
 }
 
 const Node* Library::findNode(std::string_view id) const {
-    const std::string folded = fold(id);
-    const auto found = std::ranges::find(nodes, folded, [](const Node& node) { return fold(text(node, "id")); });
+    const auto lower = [](char letter) { return letter >= 'A' && letter <= 'Z' ? letter - 'A' + 'a' : letter; };
+    const auto found = std::ranges::find_if(
+        nodes, [&](const Node& node) { return std::ranges::equal(text(node, "id"), id, {}, lower, lower); });
     return found == nodes.end() ? nullptr : &*found;
 }
 

@@ -1,5 +1,6 @@
 // The library's content, kept as the JSON it is read from. In a file a node has the keys of the record that clients
-// see, its times in ISO-8601, and besides: "parentId", "owner" (a user's id), "text", and a message's "mail".
+// see, its times in ISO-8601, and besides: "parentId", "owner" (a user's id), "text", a message's "mail", and a
+// session's "repo".
 #pragma once
 
 #include "instant.h"
@@ -17,9 +18,9 @@ using Node = boost::json::object;
 struct Library {
     boost::json::object account;            ///< What else the file holds: version, teams, profile, …
     std::vector<boost::json::object> users; ///< The signed-in user stands first.
-    std::vector<Node> nodes;                ///< A parent stands before its children.
+    std::vector<Node> nodes;                ///< Each has an owner among the users. In the file parents stand first.
 
-    const Node* findNode(std::string_view id) const;
+    const Node* findNode(std::string_view id) const; ///< The case of letters does not matter.
     const boost::json::object* findUser(std::string_view id) const;
     bool isCurrentUser(const boost::json::object& user) const { return &user == &users.front(); }
 };

@@ -21,16 +21,18 @@ std::optional<Options> readOptions(const std::vector<std::string_view>& argument
             const std::string_view digits = arguments[++at];
             const char* end = digits.data() + digits.size();
             const auto [stop, error] = std::from_chars(digits.data(), end, options.port);
-            if (error != std::errc() || stop != end)
+            if (error != std::errc() || stop != end) {
                 return std::nullopt;
+            }
         } else if (options.dataFile.empty() && !argument.empty() && !argument.starts_with('-')) {
             options.dataFile = argument;
         } else {
             return std::nullopt;
         }
     }
-    if (options.dataFile.empty())
+    if (options.dataFile.empty()) {
         return std::nullopt;
+    }
     return options;
 }
 

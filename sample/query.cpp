@@ -25,11 +25,6 @@ constexpr std::pair<std::string_view, std::string_view> groupMembers[] = {
     {"skill", "agent_skill"},
 };
 
-bool isOfKind(const Node& node, std::string_view word) {
-    return word == "all" || word == text(node, "kind") ||
-           std::ranges::count(groupMembers, std::pair(word, text(node, "kind"))) > 0;
-}
-
 bool isPerson(const json::value& person, const std::string& wanted) {
     return person.is_object() && (fold(text(person.get_object(), "email")) == wanted ||
                                   containsFolded(text(person.get_object(), "name"), wanted));
@@ -38,18 +33,21 @@ bool isPerson(const json::value& person, const std::string& wanted) {
 /// Whether the person or one of the people under `key` is wanted.
 bool isAmong(const json::object& mail, std::string_view key, const std::string& wanted) {
     const json::value* people = mail.if_contains(key);
-    if (!people || !people->is_array())
+    if (!people || !people->is_array()) {
         return people && isPerson(*people, wanted);
+    }
     return std::ranges::any_of(people->get_array(), [&](const auto& person) { return isPerson(person, wanted); });
 }
 
 bool isSuchMail(const json::object& mail, const MailFilter& filter) {
     return std::ranges::all_of(filter, [&](const auto& part) {
         const auto& [key, wanted] = part;
-        if (key == "subject")
+        if (key == "subject") {
             return containsFolded(text(mail, key), wanted);
-        if (key == "recipient")
+        }
+        if (key == "recipient") {
             return isAmong(mail, "to", wanted) || isAmong(mail, "cc", wanted) || isAmong(mail, "bcc", wanted);
+        }
         return isAmong(mail, key == "sender" ? "from" : key, wanted);
     });
 }
@@ -72,10 +70,16 @@ std::optional<std::vector<std::string>> ownersInScope(const Library& library, st
         const bool current = library.isCurrentUser(user);
         if (wanted == "all_readable" || (wanted == "team" && !current) ||
             ((wanted == "me" || wanted == "current_user") && current) || wanted == fold(text(user, "id")) ||
-            wanted == fold(text(user, "email")))
+            wanted == fold(text(user, "email"))) {
             ids.emplace_back(text(user, "id"));
+        }
     }
     return ids.empty() && wanted != "team" ? std::nullopt : std::optional(ids);
+}
+
+bool isOfKind(const Node& node, std::string_view word) {
+    return word == "all" || word == text(node, "kind") ||
+           std::ranges::count(groupMembers, std::pair(word, text(node, "kind"))) > 0;
 }
 
 bool matches(const Library& library, const Node& node, const NodeFilter& filter) {
@@ -84,15 +88,28 @@ bool matches(const Library& library, const Node& node, const NodeFilter& filter)
            std::ranges::count(filter.ownerIds, text(node, "owner")) > 0 &&
            containsFolded(text(node, "name"), filter.name) &&
            (!filter.initiated || text(node, "initiated") == *filter.initiated) &&
+           (filter.repos.empty() || std::ranges::count(filter.repos, text(node, "repo")) > 0) &&
            (filter.mail.empty() || holdsSuchMail(library, node, filter.mail));
+}
+
+NodeList ancestors(const Library& library, const Node& node) {
+    NodeList found;
+    const Node* above = &node;
+    while ((above = library.findNode(text(*above, "parentId")))) {
+        found.push_back(above);
+    }
+    std::ranges::reverse(found);
+    return found;
 }
 
 NodeList nodesBelow(const Library& library, const Node* parent, bool recursive) {
     NodeList found;
     for (const Node& node : library.nodes) {
-        const Node* above = library.findNode(text(node, "parentId"));
-        if (above == parent || (recursive && std::ranges::count(found, above) > 0))
+        const NodeList above = ancestors(library, node);
+        const Node* direct = above.empty() ? nullptr : above.back();
+        if (direct == parent || (recursive && (!parent || std::ranges::count(above, parent) > 0))) {
             found.push_back(&node);
+        }
     }
     return found;
 }
@@ -105,12 +122,14 @@ void sortNewestFirst(NodeList& nodes) {
     std::ranges::stable_sort(nodes, std::greater(), [](const Node* node) { return lastChange(*node); });
 }
 
-std::string place(const Library& library, const Node& node) {
-    std::string names;
-    for (const Node* above = library.findNode(text(node, "parentId")); above;
-         above = library.findNode(text(*above, "parentId")))
-        names = std::string(text(*above, "name")) + (names.empty() ? "" : " / ") + names;
-    return names;
+NodeList documents(const Library& library, const Node* scope) {
+    NodeList nodes = nodesBelow(library, scope, true);
+    if (scope) {
+        nodes.push_back(scope);
+    }
+    std::erase_if(nodes, [](const Node* node) { return isContainer(*node); });
+    sortNewestFirst(nodes);
+    return nodes;
 }
 
 bool mentions(const Node& node, const std::vector<std::string>& terms) {
@@ -119,15 +138,21 @@ bool mentions(const Node& node, const std::vector<std::string>& terms) {
     });
 }
 
-std::string_view excerpt(const Node& node, const std::vector<std::string>& terms) {
-    const std::string_view whole = text(node, "text");
-    for (std::size_t start = 0; start < whole.size();) {
-        const std::string_view line = whole.substr(start, whole.find('\n', start) - start);
-        if (std::ranges::any_of(terms, [&](const std::string& term) { return containsFolded(line, term); }))
-            return line;
-        start += line.size() + 1;
+Excerpt excerpt(const Node& node, const std::vector<std::string>& terms) {
+    constexpr std::size_t mostLines = 3;
+    const auto lines = splitLines(text(node, "text"));
+    std::vector<std::string_view> shown;
+    std::size_t first = 0;
+    for (std::size_t at = 0; at < lines.size() && shown.size() < mostLines; ++at) {
+        if (std::ranges::any_of(terms, [&](const auto& term) { return containsFolded(lines[at], term); })) {
+            first = shown.empty() ? at : first;
+            shown.push_back(lines[at]);
+        }
     }
-    return whole.substr(0, whole.find('\n'));
+    if (shown.empty() && !lines.empty()) {
+        shown.push_back(lines.front());
+    }
+    return {.line = first, .text = joinLines(shown)};
 }
 
 } // namespace sample

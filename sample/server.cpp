@@ -35,8 +35,9 @@ constexpr std::chrono::seconds patience{30};
 http::response<http::string_body> message(Response answer, unsigned version, bool keepAlive) {
     http::response<http::string_body> response(static_cast<http::status>(answer.status), version);
     response.set(http::field::content_type, "application/json");
-    if (!answer.allow.empty())
+    if (!answer.allow.empty()) {
         response.set(http::field::allow, answer.allow);
+    }
     response.body() = std::move(answer.body);
     response.keep_alive(keepAlive);
     response.prepare_payload();
@@ -44,10 +45,12 @@ http::response<http::string_body> message(Response answer, unsigned version, boo
 }
 
 Response refuse(const error_code& error) {
-    if (error == http::error::header_limit)
+    if (error == http::error::header_limit) {
         return refusal(431, "The request's head is too long.");
-    if (error == http::error::body_limit)
+    }
+    if (error == http::error::body_limit) {
         return refusal(413, "The request's body is too long.");
+    }
     return refusal(400, "That is no HTTP request: " + error.message() + ".");
 }
 
@@ -57,8 +60,9 @@ asio::awaitable<void> closeGently(beast::tcp_stream& stream) {
     stream.socket().shutdown(tcp::socket::shutdown_send, error);
     stream.expires_after(std::chrono::seconds(2));
     std::array<char, 16384> ignored{};
-    while (!error)
+    while (!error) {
         co_await stream.async_read_some(asio::buffer(ignored), asio::redirect_error(asio::use_awaitable, error));
+    }
 }
 
 asio::awaitable<void> converse(tcp::socket socket, Library& library) {
@@ -72,8 +76,9 @@ asio::awaitable<void> converse(tcp::socket socket, Library& library) {
         stream.expires_after(patience);
         co_await http::async_read(stream, buffer, parser, asio::redirect_error(asio::use_awaitable, error));
         const bool unusable = error.category() == error_code(http::error::bad_method).category();
-        if (error == http::error::end_of_stream || (error && !unusable))
+        if (error == http::error::end_of_stream || (error && !unusable)) {
             break;
+        }
         const auto& request = parser.get();
         Response response =
             unusable ? refuse(error) : answer(library, request.method_string(), request.target(), request.body());
@@ -89,16 +94,18 @@ asio::awaitable<void> takeConnections(tcp::acceptor acceptor, Library& library) 
     for (;;) {
         error_code error;
         tcp::socket socket = co_await acceptor.async_accept(asio::redirect_error(asio::use_awaitable, error));
-        if (!error)
+        if (!error) {
             asio::co_spawn(acceptor.get_executor(), converse(std::move(socket), library), asio::detached);
+        }
     }
 }
 
 tcp::acceptor listen(asio::io_context& context, const tcp::endpoint& endpoint) {
     tcp::acceptor acceptor(context, endpoint.protocol());
     acceptor.set_option(tcp::acceptor::reuse_address(true));
-    if (endpoint.address().is_v6())
+    if (endpoint.address().is_v6()) {
         acceptor.set_option(asio::ip::v6_only(true));
+    }
     acceptor.bind(endpoint);
     acceptor.listen();
     return acceptor;
@@ -114,16 +121,19 @@ void serve(Library& library, std::uint16_t port, const std::function<void(std::u
         port = acceptors.front().local_endpoint().port();
         acceptors.push_back(listen(context, {asio::ip::address_v6::loopback(), port}));
     } catch (const boost::system::system_error& error) {
-        if (error.code() == asio::error::address_in_use)
+        if (error.code() == asio::error::address_in_use) {
             throw std::runtime_error("Port " + std::to_string(port) +
                                      " is taken. Perhaps the application itself or another sample library is running.");
-        if (acceptors.empty())
+        }
+        if (acceptors.empty()) {
             throw std::runtime_error("Cannot listen on port " + std::to_string(port) + ": " + error.code().message() +
                                      ".");
+        }
         // A machine without IPv6 is served on IPv4 alone.
     }
-    for (tcp::acceptor& acceptor : acceptors)
+    for (tcp::acceptor& acceptor : acceptors) {
         asio::co_spawn(context, takeConnections(std::move(acceptor), library), asio::detached);
+    }
     asio::signal_set signals(context, SIGINT, SIGTERM);
     signals.async_wait([&](const error_code&, int) { context.stop(); });
     ready(port);

@@ -1,5 +1,6 @@
 #include "text.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 
@@ -8,17 +9,8 @@
 namespace sample {
 
 bool isUtf8(std::string_view text) {
-    const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(text.data());
-    auto left = static_cast<utf8proc_ssize_t>(text.size());
-    while (left > 0) {
-        utf8proc_int32_t codePoint = 0;
-        const utf8proc_ssize_t length = utf8proc_iterate(bytes, left, &codePoint);
-        if (length <= 0)
-            return false;
-        bytes += length;
-        left -= length;
-    }
-    return true;
+    return utf8proc_decompose(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
+                              static_cast<utf8proc_ssize_t>(text.size()), nullptr, 0, utf8proc_option_t{}) >= 0;
 }
 
 std::string fold(std::string_view text) {
@@ -27,8 +19,9 @@ std::string fold(std::string_view text) {
     const utf8proc_ssize_t length = utf8proc_map(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
                                                  static_cast<utf8proc_ssize_t>(text.size()), &mapped, options);
     const std::unique_ptr<utf8proc_uint8_t, decltype(&std::free)> owner(mapped, &std::free);
-    if (length < 0 || !mapped)
+    if (length < 0 || !mapped) {
         return std::string(text);
+    }
     return {reinterpret_cast<const char*>(mapped), static_cast<std::size_t>(length)};
 }
 
@@ -36,15 +29,38 @@ bool containsFolded(std::string_view text, std::string_view folded) {
     return fold(text).find(folded) != std::string::npos;
 }
 
-std::vector<std::string> words(std::string_view text) {
-    constexpr std::string_view blanks = " \t\r\n";
+std::vector<std::string> words(std::string_view text, std::string_view separators) {
     std::vector<std::string> found;
-    for (auto start = text.find_first_not_of(blanks); start != std::string_view::npos;) {
-        const auto end = text.find_first_of(blanks, start);
+    for (auto start = text.find_first_not_of(separators); start != std::string_view::npos;) {
+        const auto end = text.find_first_of(separators, start);
         found.emplace_back(text.substr(start, end - start));
-        start = text.find_first_not_of(blanks, end);
+        start = text.find_first_not_of(separators, end);
     }
     return found;
+}
+
+std::vector<std::string_view> split(std::string_view text, char separator) {
+    std::vector<std::string_view> pieces;
+    for (std::size_t start = 0; start <= text.size(); start += pieces.back().size() + 1) {
+        pieces.push_back(text.substr(start, text.find(separator, start) - start));
+    }
+    return pieces;
+}
+
+std::vector<std::string_view> splitLines(std::string_view text) {
+    auto lines = split(text, '\n');
+    if (lines.back().empty()) {
+        lines.pop_back();
+    }
+    return lines;
+}
+
+std::string joinLines(std::span<const std::string_view> lines) {
+    std::string joined;
+    for (const std::string_view line : lines) {
+        joined.append(line).push_back('\n');
+    }
+    return joined.substr(0, joined.empty() ? 0 : joined.size() - 1);
 }
 
 } // namespace sample

@@ -1,6 +1,7 @@
 // Comparing texts the way people read them.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,6 +16,14 @@ std::string fold(std::string_view text);
 /// Whether `text` holds `folded`, a text that has been through `fold`, in any case.
 bool containsFolded(std::string_view text, std::string_view folded);
 
-std::vector<std::string> words(std::string_view text);
+/// The pieces of the text between any of the separators, without the empty ones.
+std::vector<std::string> words(std::string_view text, std::string_view separators = " \t\r\n");
+
+/// The pieces of the text between the separators, one more than there are separators.
+std::vector<std::string_view> split(std::string_view text, char separator);
+
+// The lines of a text without their line feeds. A line feed at the very end closes a line and begins none.
+std::vector<std::string_view> splitLines(std::string_view text);
+std::string joinLines(std::span<const std::string_view> lines);
 
 } // namespace sample

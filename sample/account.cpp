@@ -1,0 +1,80 @@
+#include "handlers.h"
+
+#include "query.h"
+
+#include <algorithm>
+
+#include <boost/json.hpp>
+
+namespace sample {
+
+namespace json = boost::json;
+
+namespace {
+
+/// What stands under `key` of the account, null when nothing does.
+json::value accountValue(const Library& library, std::string_view key) {
+    const json::value* value = library.account.if_contains(key);
+    return value ? *value : json::value();
+}
+
+/// The names of the nodes above this one, outermost first.
+std::string place(const Library& library, const Node& node) {
+    std::string names;
+    for (const Node* above : ancestors(library, node)) {
+        names += (names.empty() ? "" : " / ") + std::string(text(*above, "name"));
+    }
+    return names;
+}
+
+} // namespace
+
+Response status(Library& library, const Request&) {
+    const json::object& user = library.users.front();
+    json::object body{{"status", "ok"}, {"cli_access", true}, {"authenticated", true}};
+    body["user"] = {{"name", user.at("name")}, {"email", user.at("email")}};
+    for (const auto* key : {"version", "build_number", "deployment"}) {
+        if (const json::value* value = library.account.if_contains(key)) {
+            body[key] = *value;
+        }
+    }
+    Instant newest;
+    for (const Node& node : library.nodes) {
+        newest = std::max(newest, parseInstant(text(node, "updatedAt")).value_or(Instant()));
+    }
+    if (!library.nodes.empty()) {
+        body["lastIngestionAt"] = displayTimestamp(newest);
+    }
+    if (const auto synced = parseInstant(text(library.account, "lastCloudSyncAt"))) {
+        body["lastCloudSyncAt"] = displayTimestamp(*synced);
+    }
+    return success(body);
+}
+
+Response whoami(Library& library, const Request&) {
+    json::object body = library.users.front();
+    body["authenticated"] = true;
+    body["teams"] = accountValue(library, "teams");
+    body["cloudSyncEnabled"] = accountValue(library, "cloudSyncEnabled");
+    return success(body);
+}
+
+Response checkIn(Library& library, const Request& request) {
+    const std::size_t limit = request.number("recentLimit", 10, 1, 25);
+    json::array recent;
+    for (const Node* node : documents(library, nullptr)) {
+        if (recent.size() == limit) {
+            break;
+        }
+        recent.push_back({{"id", node->at("id")},
+                          {"name", node->at("name")},
+                          {"kind", node->at("kind")},
+                          {"displayTimestamp", displayTimestamp(lastChange(*node))},
+                          {"label", "in " + place(library, *node)}});
+    }
+    const json::value profile = accountValue(library, "profile");
+    return success({{"profile", {{"available", profile.is_array()}, {"sections", profile}}},
+                    {"recentActivity", {{"documents", recent}}}});
+}
+
+} // namespace sample
