@@ -132,7 +132,7 @@ TEST_F(Editing, ReplaceLinesSendsWholeLines) {
         {"a\rb\r", R"(["a","b"])"},
         {"a\n\nb\n\n", R"(["a","","b",""])"},
         {"a\r\n\n", R"(["a",""])"},
-        {"\n\n", R"([""])"},
+        {"\n\n", R"(["",""])"},
         {"a\n\r\nb", R"(["a","","b"])"},
     };
     for (const auto& [bytes, lines] : files) {
