@@ -2,7 +2,15 @@
 
 #include "core/StatusCommands.h"
 #include "library/CheckIn.h"
+#include "library/Context.h"
+#include "library/Folder.h"
+#include "library/Integration.h"
+#include "library/Node.h"
+#include "library/Profile.h"
 #include "library/Search.h"
+#include "library/Source.h"
+#include "library/Team.h"
+#include "library/Transcript.h"
 #include "shell/Cat.h"
 #include "shell/Delete.h"
 #include "shell/Find.h"
@@ -25,13 +33,15 @@ CommandConfiguration OrvaneCLI::configuration() {
         .version = "0.4.0",
         .ungroupedSubcommands =
             {
-                CommandType::of<Status>(),       CommandType::of<WhoAmI>(), CommandType::of<CheckIn>(),
-                CommandType::of<Search>(),       CommandType::of<Delete>(), CommandType::of<Ls>(),
-                CommandType::of<Find>(),         CommandType::of<Cat>(),    CommandType::of<Head>(),
-                CommandType::of<Tail>(),         CommandType::of<Stat>(),   CommandType::of<Grep>(),
-                CommandType::of<Mkdir>(),        CommandType::of<Tee>(),    CommandType::of<Sed>(),
-                CommandType::of<ReplaceLines>(), CommandType::of<Mv>(),     CommandType::of<Rm>(),
-                CommandType::of<Rmdir>(),
+                CommandType::of<Status>(),      CommandType::of<WhoAmI>(), CommandType::of<CheckIn>(),
+                CommandType::of<Profile>(),     CommandType::of<Search>(), CommandType::of<Team>(),
+                CommandType::of<Integration>(), CommandType::of<Node>(),   CommandType::of<Source>(),
+                CommandType::of<Context>(),     CommandType::of<Folder>(), CommandType::of<Transcript>(),
+                CommandType::of<Delete>(),      CommandType::of<Ls>(),     CommandType::of<Find>(),
+                CommandType::of<Cat>(),         CommandType::of<Head>(),   CommandType::of<Tail>(),
+                CommandType::of<Stat>(),        CommandType::of<Grep>(),   CommandType::of<Mkdir>(),
+                CommandType::of<Tee>(),         CommandType::of<Sed>(),    CommandType::of<ReplaceLines>(),
+                CommandType::of<Mv>(),          CommandType::of<Rm>(),     CommandType::of<Rmdir>(),
             },
     };
 }
