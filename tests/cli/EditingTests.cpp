@@ -1,10 +1,7 @@
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-
 #include <gtest/gtest.h>
 
 #include "support/CommandRow.h"
+#include "support/TemporaryFiles.h"
 
 using namespace testsupport;
 
@@ -13,19 +10,7 @@ namespace {
 const std::string id = "7f1b103c-df15-42b0-aab4-77d26415479c";
 const std::string other = "90C192CF-d3ac-44af-8f21-ddb66cad4a26";
 
-/// A directory for the files that the rows name.
-class Editing : public testing::Test {
-protected:
-    Editing() : directory(testing::TempDir() + "orvane-edit-XXXXXX") { EXPECT_NE(mkdtemp(directory.data()), nullptr); }
-    ~Editing() override { std::filesystem::remove_all(directory); }
-
-    std::string file(const std::string& name, const std::string& bytes) const {
-        std::ofstream(directory + "/" + name, std::ios::binary) << bytes;
-        return directory + "/" + name;
-    }
-
-    std::string directory;
-};
+class Editing : public TemporaryFiles {};
 
 CommandRow row(std::vector<std::string> arguments, std::string request, std::string reply, std::string out) {
     return {.arguments = std::move(arguments),

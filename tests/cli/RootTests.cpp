@@ -39,7 +39,8 @@ const std::string rootHelp = "OVERVIEW: Orvane CLI — access your personal cont
                              "  -h, --help              Show help information.\n"
                              "\n"
                              "SUBCOMMANDS:\n"
-                             "  status  whoami  check-in  search  delete  ls  find  cat  head  tail  stat  grep  mkdir"
+                             "  status  whoami  check-in  profile  search  team  integration  node  source"
+                             "  context  folder  transcript  delete  ls  find  cat  head  tail  stat  grep  mkdir"
                              "  tee  sed  replace-lines  mv  rm  rmdir\n"
                              "  See 'orvane-cli help <subcommand>' for detailed help.\n";
 

@@ -1,6 +1,5 @@
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -11,6 +10,7 @@
 #include "platform/Text.h"
 #include "shell/TabTable.h"
 #include "shell/Vocabulary.h"
+#include "support/TemporaryFiles.h"
 
 using namespace orvane;
 using namespace platform;
@@ -72,16 +72,12 @@ TEST(RepoArguments, BecomeFullPathsOrStayKeys) {
     std::filesystem::current_path(start);
 }
 
-class TextFiles : public testing::Test {
+class TextFiles : public testsupport::TemporaryFiles {
 protected:
-    TextFiles() : directory_(testing::TempDir() + "orvane-text-XXXXXX") {
-        EXPECT_NE(mkdtemp(directory_.data()), nullptr);
-        setenv("HOME", directory_.c_str(), 1);
-    }
-    ~TextFiles() override { std::filesystem::remove_all(directory_); }
+    TextFiles() { setenv("HOME", directory.c_str(), 1); }
 
-    std::string write(const std::string& bytes) {
-        std::ofstream(directory_ + "/file", std::ios::binary) << bytes;
+    std::string write(const std::string& bytes) const {
+        file("file", bytes);
         return "~/file";
     }
     static std::string failure(const std::string& path) {
@@ -92,8 +88,6 @@ protected:
         }
         return {};
     }
-
-    std::string directory_;
 };
 
 TEST_F(TextFiles, LoseOneLineFeed) {
@@ -110,7 +104,7 @@ TEST_F(TextFiles, LoseOneLineFeed) {
 TEST_F(TextFiles, FailInWordsOfTheirOwn) {
     EXPECT_EQ(failure("~/none"), "File not found: ~/none");
     EXPECT_EQ(failure("~nobody-of-that-name/x"), "File not found: ~nobody-of-that-name/x");
-    EXPECT_EQ(failure(directory_), "Could not read file: " + directory_);
+    EXPECT_EQ(failure(directory), "Could not read file: " + directory);
     EXPECT_EQ(failure(write("a\xFF")), "Could not read file: ~/file");
 }
 

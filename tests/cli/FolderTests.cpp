@@ -1,0 +1,50 @@
+#include "LibraryFixture.h"
+
+using namespace testsupport;
+
+namespace {
+
+TEST(Folder, SendsWhatIsGiven) {
+    const std::string path = "/api/folders/" + id;
+    expectRows({
+        requestRow({"folder"}, "GET /api/folders?limit=100"),
+        requestRow({"folder", "--limit", "0"}, "GET /api/folders?limit=0"),
+        requestRow({"folder", "list", "--limit", "500"}, "GET /api/folders?limit=500"),
+        requestRow({"folder", "get", id}, "GET " + path),
+        requestRow({"folder", "create", "--name", "N"}, "POST /api/folders\n{\"name\":\"N\"}"),
+        requestRow({"folder", "create", "--emoji", "🌱", "--name", "a\"b"},
+                   "POST /api/folders\n" + std::string(R"({"name":"a\"b","emoji":"🌱"})")),
+        requestRow({"folder", "rename", id, "--name", "N"}, "POST " + path + "/rename\n{\"name\":\"N\"}"),
+        requestRow({"folder", "rename", "--name", "", "--emoji", "", id},
+                   "POST " + path + "/rename\n" + R"({"name":"","emoji":""})"),
+        requestRow({"folder", "move", id, "--to", other}, "POST " + path + "/move\n{\"parentId\":\"" + other + "\"}"),
+        requestRow({"folder", "move", id, "--to-root"}, "POST " + path + "/move\n{\"root\":true}"),
+        requestRow({"folder", "delete", id}, "DELETE " + path),
+    });
+    expectServiceRefusal({"folder"});
+    expectServiceRefusal({"folder", "get", id});
+    expectServiceRefusal({"folder", "create", "--name", "N"});
+    expectServiceRefusal({"folder", "rename", id, "--name", "N"});
+    expectServiceRefusal({"folder", "move", id, "--to-root"});
+    expectServiceRefusal({"folder", "delete", id});
+}
+
+TEST(Folder, ChecksItsInput) {
+    const std::string move = "orvane-cli folder move <id> [--to <to>] [--to-root]\n";
+    const std::string oneDestination = "Provide exactly one of --to <parent-folder-id> or --to-root.";
+    expectRefused({"folder", "move", id}, oneDestination, move);
+    expectRefused({"folder", "move", "abc", "--to", "X", "--to-root"}, oneDestination, move);
+    expectRefused({"folder", "move", "abc", "--to", ""}, "--to must be a folder UUID.", move);
+    expectMissing({"folder", "create"}, "--name <name>", "The folder name.", "--name <name> [--emoji <emoji>]");
+    expectMissing({"folder", "rename", "abc"}, "--name <name>", "The new name.",
+                  "<id> --name <name> [--emoji <emoji>]");
+    expectFailed({"folder", "--limit", "501"}, {}, "Limit must be 500 or less.");
+    for (const std::string& notUUID : notUUIDs) {
+        expectFailed({"folder", "get", notUUID}, {}, "Invalid UUID: " + notUUID);
+        expectFailed({"folder", "rename", notUUID, "--name", "N"}, {}, "Invalid UUID: " + notUUID);
+        expectFailed({"folder", "move", notUUID, "--to-root"}, {}, "Invalid UUID: " + notUUID);
+        expectFailed({"folder", "delete", notUUID}, {}, "Invalid UUID: " + notUUID);
+    }
+}
+
+} // namespace
