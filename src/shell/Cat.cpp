@@ -1,5 +1,6 @@
 #include "shell/Cat.h"
 
+#include "core/Identifiers.h"
 #include "core/Query.h"
 #include "shell/NodeReading.h"
 
@@ -22,7 +23,7 @@ CommandConfiguration Cat::configuration() {
 }
 
 void Cat::validate() const {
-    validateNodeId(*id);
+    validateUUID(*id);
 }
 
 void Cat::run() const {
@@ -36,7 +37,7 @@ CommandConfiguration Head::configuration() {
 }
 
 void Head::validate() const {
-    validateNodeId(*id);
+    validateUUID(*id);
     validateLines(lines);
 }
 
@@ -51,7 +52,7 @@ CommandConfiguration Tail::configuration() {
 }
 
 void Tail::validate() const {
-    validateNodeId(*id);
+    validateUUID(*id);
     validateLines(lines);
 }
 

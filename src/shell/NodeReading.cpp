@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "core/CLIError.h"
-#include "core/Identifiers.h"
 #include "core/Rendering.h"
 #include "core/ServiceClient.h"
 #include "platform/Streams.h"
@@ -82,12 +81,6 @@ bool endsInLineFeed(const std::vector<std::string_view>& pieces) {
 }
 
 } // namespace
-
-void validateNodeId(const std::string& id) {
-    if (!isUUID(id)) {
-        throw ValidationError{"Invalid UUID: " + id};
-    }
-}
 
 std::string nodePath(const std::string& id, const QueryItems& items) {
     return buildQueryPath("/api/nodes/" + id, items);

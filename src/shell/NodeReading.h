@@ -8,9 +8,6 @@
 
 namespace orvane {
 
-/// Throws ValidationError unless `id` is a UUID.
-void validateNodeId(const std::string& id);
-
 /// The path of one node with a query.
 std::string nodePath(const std::string& id, const QueryItems& items);
 

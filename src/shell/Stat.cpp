@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/DisplayDates.h"
+#include "core/Identifiers.h"
 #include "core/Rendering.h"
 #include "core/ServiceClient.h"
 #include "platform/Streams.h"
@@ -107,7 +108,7 @@ CommandConfiguration Stat::configuration() {
 }
 
 void Stat::validate() const {
-    validateNodeId(*id);
+    validateUUID(*id);
 }
 
 void Stat::run() const {

@@ -43,11 +43,15 @@ void validateLimit(Integer limit) {
     }
 }
 
-void validatePage(Integer limit, Integer offset) {
-    validateLimit(limit);
+void validateOffset(Integer offset) {
     if (offset < 0) {
         throw ValidationError{"offset must be >= 0."};
     }
+}
+
+void validatePage(Integer limit, Integer offset) {
+    validateLimit(limit);
+    validateOffset(offset);
 }
 
 std::string normalizeRepoArgument(std::string_view value) {

@@ -58,6 +58,9 @@ QueryItems emailFilterItems(const EmailListingFilterOptions& options);
 /// How many nodes or results are asked for. Throws ValidationError unless it is 1 to 500.
 void validateLimit(Integer limit);
 
+/// Where a page starts. Throws ValidationError when it is negative.
+void validateOffset(Integer offset);
+
 /// The page of a listing. Throws ValidationError for its limit and for a negative offset.
 void validatePage(Integer limit, Integer offset);
 
