@@ -3,6 +3,7 @@
 #include "ArgumentParser/Exits.h"
 #include "core/CLIError.h"
 #include "platform/HttpClient.h"
+#include "platform/Json.h"
 #include "platform/Streams.h"
 #include "platform/Text.h"
 

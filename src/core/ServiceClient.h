@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/Json.h"
+#include "platform/JsonBody.h"
 
 namespace orvane {
 

@@ -156,24 +156,6 @@ std::optional<std::vector<JsonObject>> JsonObject::objects(std::string_view key)
     return value == nullptr ? std::nullopt : objectsOf(*value);
 }
 
-std::optional<std::vector<std::string_view>> JsonObject::texts(std::string_view key) const {
-    const json::value* value = object_->if_contains(key);
-    const json::array* array = value == nullptr ? nullptr : value->if_array();
-    if (array == nullptr) {
-        return std::nullopt;
-    }
-    std::vector<std::string_view> texts;
-    texts.reserve(array->size());
-    for (const json::value& element : *array) {
-        const std::optional<std::string_view> text = textOf(element);
-        if (!text) {
-            return std::nullopt;
-        }
-        texts.push_back(*text);
-    }
-    return texts;
-}
-
 std::vector<std::string_view> JsonObject::sortedKeys() const {
     std::vector<std::string_view> keys;
     keys.reserve(object_->size());
@@ -255,66 +237,6 @@ JsonValue JsonDocument::root() const {
 
 JsonObject JsonDocument::object() const {
     return JsonObject(storage_->root->get_object());
-}
-
-void JsonBody::appendKey(std::string_view key) {
-    if (text_.size() > 1) {
-        text_ += ',';
-    }
-    appendQuoted(text_, key);
-    text_ += ':';
-}
-
-JsonBody& JsonBody::set(std::string_view key, std::string_view value) {
-    appendKey(key);
-    appendQuoted(text_, value);
-    return *this;
-}
-
-JsonBody& JsonBody::set(std::string_view key, bool value) {
-    return setRaw(key, value ? "true" : "false");
-}
-
-JsonBody& JsonBody::set(std::string_view key, std::int64_t value) {
-    appendKey(key);
-    appendNumber(text_, value);
-    return *this;
-}
-
-JsonBody& JsonBody::set(std::string_view key, const std::vector<std::string>& values) {
-    appendKey(key);
-    text_ += '[';
-    for (const std::string& value : values) {
-        if (&value != &values.front()) {
-            text_ += ',';
-        }
-        appendQuoted(text_, value);
-    }
-    text_ += ']';
-    return *this;
-}
-
-JsonBody& JsonBody::set(std::string_view key, const JsonBody& value) {
-    return setRaw(key, value.text());
-}
-
-JsonBody& JsonBody::setNull(std::string_view key) {
-    return setRaw(key, "null");
-}
-
-JsonBody& JsonBody::setRaw(std::string_view key, std::string_view json) {
-    appendKey(key);
-    text_ += json;
-    return *this;
-}
-
-std::string JsonBody::text() const {
-    return text_ + '}';
-}
-
-std::string JsonBody::finish() && {
-    text_ += '}';
-    return std::move(text_);
 }
 
 } // namespace platform

@@ -1,5 +1,4 @@
-// JSON as the tool meets it: tolerant reading of answers, and compact bodies for requests. The library behind it stays
-// in Json.cpp, for it is slow to compile.
+// Tolerant reading of JSON. The library behind it stays in the source file, for it is slow to compile.
 #pragma once
 
 #include <cstdint>
@@ -31,7 +30,6 @@ public:
     std::optional<JsonObject> object(std::string_view key) const;
     /// Nothing when a single element is of another type.
     std::optional<std::vector<JsonObject>> objects(std::string_view key) const;
-    std::optional<std::vector<std::string_view>> texts(std::string_view key) const;
     /// Any value, null included.
     std::optional<JsonValue> value(std::string_view key) const;
     /// The keys in ascending byte order.
@@ -80,37 +78,6 @@ private:
     static std::unique_ptr<Storage> parsed(std::string_view text, std::string& problem);
     explicit JsonDocument(std::unique_ptr<Storage> storage);
     std::unique_ptr<Storage> storage_;
-};
-
-/// A JSON object under construction, held as its own compact text. Keys are expected once each; texts are UTF-8.
-class JsonBody {
-public:
-    JsonBody& set(std::string_view key, std::string_view value);
-    JsonBody& set(std::string_view key, const char* value) { return set(key, std::string_view(value)); }
-    JsonBody& set(std::string_view key, bool value);
-    JsonBody& set(std::string_view key, std::int64_t value);
-    JsonBody& set(std::string_view key, const std::vector<std::string>& values);
-    JsonBody& set(std::string_view key, const JsonBody& value);
-    JsonBody& setNull(std::string_view key);
-    /// `json` is valid JSON, inserted byte for byte.
-    JsonBody& setRaw(std::string_view key, std::string_view json);
-
-    template <class Value>
-    JsonBody& setIfGiven(std::string_view key, const std::optional<Value>& value) {
-        return value ? set(key, *value) : *this;
-    }
-
-    JsonBody& setIfNotEmpty(std::string_view key, const std::vector<std::string>& values) {
-        return values.empty() ? *this : set(key, values);
-    }
-
-    /// The object's text, which is moved out.
-    std::string finish() &&;
-    std::string text() const;
-
-private:
-    void appendKey(std::string_view key);
-    std::string text_ = "{";
 };
 
 } // namespace platform
