@@ -1,10 +1,9 @@
-#include "handlers.h"
-
-#include "query.h"
-
 #include <algorithm>
 
 #include <boost/json.hpp>
+
+#include "handlers.h"
+#include "query.h"
 
 namespace sample {
 

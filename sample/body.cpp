@@ -1,8 +1,8 @@
 #include "body.h"
 
-#include "text.h"
-
 #include <boost/json.hpp>
+
+#include "text.h"
 
 namespace sample {
 

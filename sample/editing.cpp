@@ -1,14 +1,13 @@
-#include "handlers.h"
-
-#include "body.h"
-#include "parameters.h"
-#include "replacing.h"
-
 #include <algorithm>
 
 #include <boost/json.hpp>
 #include <boost/uuid/uuid_generators.hpp>
 #include <boost/uuid/uuid_io.hpp>
+
+#include "body.h"
+#include "handlers.h"
+#include "parameters.h"
+#include "replacing.h"
 
 namespace sample {
 

@@ -1,9 +1,9 @@
 #include "endpoints.h"
 
+#include <algorithm>
+
 #include "handlers.h"
 #include "text.h"
-
-#include <algorithm>
 
 namespace sample {
 

@@ -3,13 +3,13 @@
 // session's "repo".
 #pragma once
 
-#include "instant.h"
-
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include <boost/json/object.hpp>
+
+#include "instant.h"
 
 namespace sample {
 

@@ -1,10 +1,10 @@
 // sample-library: an in-memory library behind the service's wire format, for trying the command-line client.
-#include "library.h"
-#include "server.h"
-
 #include <charconv>
 #include <cstdio>
 #include <optional>
+
+#include "library.h"
+#include "server.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
 #include "query.h"
 
-#include "text.h"
-
 #include <algorithm>
 #include <functional>
 
 #include <boost/json/array.hpp>
+
+#include "text.h"
 
 namespace sample {
 

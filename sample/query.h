@@ -1,10 +1,10 @@
 // Picking nodes out of the library.
 #pragma once
 
-#include "library.h"
-
 #include <optional>
 #include <utility>
+
+#include "library.h"
 
 namespace sample {
 

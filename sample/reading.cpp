@@ -1,13 +1,12 @@
-#include "handlers.h"
-
-#include "parameters.h"
-#include "record.h"
-#include "text.h"
-
 #include <algorithm>
 #include <limits>
 
 #include <boost/json.hpp>
+
+#include "handlers.h"
+#include "parameters.h"
+#include "record.h"
+#include "text.h"
 
 namespace sample {
 

@@ -1,10 +1,10 @@
 #include "record.h"
 
-#include "query.h"
-
 #include <algorithm>
 
 #include <boost/json.hpp>
+
+#include "query.h"
 
 namespace sample {
 

@@ -1,9 +1,9 @@
 #include "replacing.h"
 
+#include <algorithm>
+
 #include "request.h"
 #include "text.h"
-
-#include <algorithm>
 
 namespace sample {
 

@@ -1,11 +1,11 @@
 #include "request.h"
 
-#include "text.h"
-
 #include <algorithm>
 #include <charconv>
 
 #include <boost/json.hpp>
+
+#include "text.h"
 
 namespace sample {
 

@@ -1,14 +1,13 @@
-#include "handlers.h"
-
-#include "parameters.h"
-#include "record.h"
-#include "text.h"
-
 #include <algorithm>
 #include <cstdlib>
 #include <functional>
 
 #include <boost/json.hpp>
+
+#include "handlers.h"
+#include "parameters.h"
+#include "record.h"
+#include "text.h"
 
 namespace sample {
 

@@ -1,7 +1,5 @@
 #include "server.h"
 
-#include "endpoints.h"
-
 #include <array>
 #include <chrono>
 #include <csignal>
@@ -17,6 +15,8 @@
 #include <boost/asio/use_awaitable.hpp>
 #include <boost/beast/core.hpp>
 #include <boost/beast/http.hpp>
+
+#include "endpoints.h"
 
 namespace sample {
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <memory>
-#include <source_location>
 #include <string>
 #include <string_view>
 
@@ -37,7 +36,7 @@ private:
     static constexpr std::string_view typeName() {
         // "… [with Command = space::Type; …]" or "… [Command = space::Type]"
         constexpr std::string_view marker = "Command = ";
-        std::string_view text = std::source_location::current().function_name();
+        std::string_view text = __PRETTY_FUNCTION__;
         text.remove_prefix(text.find(marker) + marker.size());
         text = text.substr(0, text.find_first_of(";]"));
         const auto space = text.rfind("::");

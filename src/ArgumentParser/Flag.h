@@ -71,7 +71,7 @@ public:
         } else {
             for (const auto& [value, text] : ClosedSet<Element>::members) {
                 ArgumentDefinition definition = member(context, key, value, familyNames(value, text));
-                if constexpr (requires { ClosedSet<Element>::describe(value); }) {
+                if constexpr (requires(Element member) { ClosedSet<Element>::describe(member); }) {
                     definition.help.abstract = ClosedSet<Element>::describe(value);
                 }
                 arguments.append(std::move(definition));

@@ -1,16 +1,18 @@
 #include "platform/HttpClient.h"
 
-#include "platform/LoopbackSocket.h"
-#include "platform/Redirect.h"
-
 #include <algorithm>
 #include <array>
+#include <optional>
+#include <utility>
+
+#include <sys/uio.h>
+
 #include <boost/beast/core/error.hpp>
 #include <boost/beast/core/flat_buffer.hpp>
 #include <boost/beast/http.hpp>
-#include <optional>
-#include <sys/uio.h>
-#include <utility>
+
+#include "platform/LoopbackSocket.h"
+#include "platform/Redirect.h"
 
 namespace platform {
 
@@ -34,13 +36,15 @@ public:
     std::size_t read_some(const Buffers& buffers, beast::error_code& error) {
         error = {};
         for (const net::mutable_buffer buffer : beast::buffers_range_ref(buffers)) {
-            if (buffer.size() == 0)
+            if (buffer.size() == 0) {
                 continue;
+            }
             std::error_code failure;
             const std::size_t received = socket_.receive(buffer.data(), buffer.size(), failure);
             error = failure ? translated(failure) : beast::error_code{};
-            if (!failure && received == 0)
+            if (!failure && received == 0) {
                 error = net::error::eof;
+            }
             return received;
         }
         return 0;
@@ -50,9 +54,11 @@ public:
     std::size_t write_some(const Buffers& buffers, beast::error_code& error) {
         std::array<iovec, 16> pieces;
         std::size_t count = 0;
-        for (const net::const_buffer buffer : beast::buffers_range_ref(buffers))
-            if (buffer.size() > 0 && count < pieces.size())
+        for (const net::const_buffer buffer : beast::buffers_range_ref(buffers)) {
+            if (buffer.size() > 0 && count < pieces.size()) {
                 pieces[count++] = {const_cast<void*>(buffer.data()), buffer.size()};
+            }
+        }
         std::error_code failure;
         const std::size_t sent = count == 0 ? 0 : socket_.send(pieces.data(), count, failure);
         error = failure ? translated(failure) : beast::error_code{};
@@ -75,8 +81,9 @@ public:
 
 private:
     static beast::error_code translated(const std::error_code& failure) {
-        if (failure == std::errc::timed_out)
+        if (failure == std::errc::timed_out) {
             return beast::error::timeout;
+        }
         return {failure.value(), boost::system::system_category()};
     }
 
@@ -101,8 +108,9 @@ private:
     void on_request_impl(http::verb, text, text, int, beast::error_code&) override {}
     void on_response_impl(int code, text, int, beast::error_code&) override { status = code; }
     void on_field_impl(http::field name, text, text value, beast::error_code&) override {
-        if (name == http::field::location && !location)
+        if (name == http::field::location && !location) {
             location.emplace(value.data(), value.size());
+        }
     }
     void on_header_impl(beast::error_code&) override {}
     void on_body_init_impl(const boost::optional<std::uint64_t>& size, beast::error_code&) override {
@@ -128,15 +136,19 @@ struct Answer {
 
 HttpError failureOf(const beast::error_code& error) {
     namespace errc = boost::system::errc;
-    if (error == beast::error::timeout)
+    if (error == beast::error::timeout) {
         return {HttpFailure::timedOut, "the service did not answer in time"};
+    }
     if (error == http::error::end_of_stream || error == http::error::partial_message ||
-        error == errc::connection_reset || error == errc::broken_pipe || error == errc::connection_aborted)
+        error == errc::connection_reset || error == errc::broken_pipe || error == errc::connection_aborted) {
         return {HttpFailure::connectionLost, "the connection was closed before the answer was complete"};
-    if (error == http::error::header_limit)
+    }
+    if (error == http::error::header_limit) {
         return {HttpFailure::other, "the head of the answer is too large"};
-    if (error.category() == beast::error_code(http::error::bad_version).category())
+    }
+    if (error.category() == beast::error_code(http::error::bad_version).category()) {
         return {HttpFailure::other, "the answer is not valid HTTP (" + error.message() + ")"};
+    }
     return {HttpFailure::other, "the exchange with the service failed (" + error.message() + ")"};
 }
 
@@ -147,10 +159,12 @@ void writeRequest(Stream& stream, const HttpRequest& request, const HttpLocation
     message.method_string({request.method.data(), request.method.size()});
     message.target(place.target);
     message.set(http::field::host, hostAndPort(place.host, place.port));
-    if (!request.contentType.empty())
+    if (!request.contentType.empty()) {
         message.set(http::field::content_type, {request.contentType.data(), request.contentType.size()});
-    if (!request.body.empty())
+    }
+    if (!request.body.empty()) {
         message.content_length(request.body.size());
+    }
     message.body() = {request.body.data(), request.body.size()};
     http::write(stream, message, error);
 }
@@ -169,12 +183,15 @@ Answer readAnswer(Stream& stream) {
     for (;;) {
         AnswerParser parser;
         http::read(stream, buffer, parser, error);
-        if (error == http::error::partial_message && parser.status == 0 && !mayBeHttp(buffer))
+        if (error == http::error::partial_message && parser.status == 0 && !mayBeHttp(buffer)) {
             error = http::error::bad_version;
-        if (error)
+        }
+        if (error) {
             throw failureOf(error);
-        if (parser.status / 100 != 1)
+        }
+        if (parser.status / 100 != 1) {
             return {parser.status, std::move(parser.location), std::move(parser.body)};
+        }
     }
 }
 
@@ -182,18 +199,22 @@ Answer exchange(const HttpRequest& request, const HttpLocation& place) {
     LoopbackSocket socket(request.idleTimeout);
     std::error_code failure;
     socket.connect(place.host, place.port, failure);
-    if (failure == std::errc::connection_refused)
+    if (failure == std::errc::connection_refused) {
         throw HttpError(HttpFailure::cannotConnect, "nothing answers at " + hostAndPort(place.host, place.port));
-    if (failure == std::errc::timed_out)
+    }
+    if (failure == std::errc::timed_out) {
         throw failureOf(beast::error::timeout);
-    if (failure)
+    }
+    if (failure) {
         throw HttpError(HttpFailure::other,
                         "cannot connect to " + hostAndPort(place.host, place.port) + " (" + failure.message() + ")");
+    }
     Stream stream(socket);
     beast::error_code error;
     writeRequest(stream, request, place, error);
-    if (error == beast::error::timeout)
+    if (error == beast::error::timeout) {
         throw failureOf(error);
+    }
     // A service may answer and close before it has read everything: what it said still counts.
     return readAnswer(stream);
 }
@@ -226,12 +247,15 @@ HttpResponse sendHttpRequest(HttpRequest request) {
     for (int redirects = 0;; ++redirects) {
         Answer answer = exchange(request, place);
         auto next = redirection(answer, place);
-        if (!next)
+        if (!next) {
             return {answer.status, std::move(answer.body)};
-        if (redirects == redirectLimit)
+        }
+        if (redirects == redirectLimit) {
             throw HttpError(HttpFailure::other, "too many redirects");
-        if (answer.status == 303 || (request.method == "POST" && (answer.status == 301 || answer.status == 302)))
+        }
+        if (answer.status == 303 || (request.method == "POST" && (answer.status == 301 || answer.status == 302))) {
             becomeGet(request);
+        }
         place = std::move(*next);
     }
 }

@@ -1,13 +1,14 @@
 #include "platform/LoopbackSocket.h"
 
 #include <algorithm>
-#include <arpa/inet.h>
 #include <cerrno>
 #include <cstring>
+#include <string>
+
+#include <arpa/inet.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <poll.h>
-#include <string>
 #include <sys/socket.h>
 #include <sys/uio.h>
 #include <unistd.h>
@@ -60,15 +61,17 @@ LoopbackSocket::~LoopbackSocket() {
 }
 
 void LoopbackSocket::close() {
-    if (socket_ >= 0)
+    if (socket_ >= 0) {
         ::close(socket_);
+    }
     socket_ = -1;
 }
 
 void LoopbackSocket::connect(std::string_view host, std::uint16_t port, std::error_code& error) {
     const bool anyFamily = host == "localhost";
-    if (host.starts_with('[') && host.ends_with(']'))
+    if (host.starts_with('[') && host.ends_with(']')) {
         host = host.substr(1, host.size() - 2);
+    }
     const std::string address(host);
 
     sockaddr_in6 six{};
@@ -80,31 +83,37 @@ void LoopbackSocket::connect(std::string_view host, std::uint16_t port, std::err
 
     error = std::make_error_code(std::errc::invalid_argument);
     const bool hasSix = ::inet_pton(AF_INET6, anyFamily ? "::1" : address.c_str(), &six.sin6_addr) == 1;
-    if (hasSix && IN6_IS_ADDR_LOOPBACK(&six.sin6_addr))
+    if (hasSix && IN6_IS_ADDR_LOOPBACK(&six.sin6_addr)) {
         error = connectTo(reinterpret_cast<const sockaddr*>(&six), sizeof six);
-    if (hasSix && !(anyFamily && isAbsent(error)))
+    }
+    if (hasSix && !(anyFamily && isAbsent(error))) {
         return;
+    }
     const bool hasFour = ::inet_pton(AF_INET, anyFamily ? "127.0.0.1" : address.c_str(), &four.sin_addr) == 1;
-    if (hasFour && ntohl(four.sin_addr.s_addr) >> 24U == IN_LOOPBACKNET)
+    if (hasFour && ntohl(four.sin_addr.s_addr) >> 24U == IN_LOOPBACKNET) {
         error = connectTo(reinterpret_cast<const sockaddr*>(&four), sizeof four);
+    }
 }
 
 std::error_code LoopbackSocket::connectTo(const sockaddr* address, unsigned addressSize) {
     const auto refused = std::make_error_code(std::errc::connection_refused);
     close();
     socket_ = ::socket(address->sa_family, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
-    if (socket_ < 0)
+    if (socket_ < 0) {
         return isAbsent(systemError(errno)) ? refused : systemError(errno);
+    }
 
     int outcome = ::connect(socket_, address, addressSize) == 0 ? 0 : errno;
     // An interrupted attempt to connect goes on by itself, like one that was merely started.
     if (outcome == EINPROGRESS || outcome == EINTR) {
         std::error_code error;
-        if (!waitFor(POLLOUT, error))
+        if (!waitFor(POLLOUT, error)) {
             return error;
+        }
         socklen_t size = sizeof outcome;
-        if (::getsockopt(socket_, SOL_SOCKET, SO_ERROR, &outcome, &size) != 0)
+        if (::getsockopt(socket_, SOL_SOCKET, SO_ERROR, &outcome, &size) != 0) {
             outcome = errno;
+        }
     }
     if (outcome == 0 && isConnectedToItself(socket_)) {
         // Without an orderly end: its traces would keep the service from listening for a minute.
@@ -128,28 +137,36 @@ std::size_t LoopbackSocket::send(iovec* pieces, std::size_t count, std::error_co
     message.msg_iovlen = count;
     for (;;) {
         const ssize_t sent = ::sendmsg(socket_, &message, MSG_NOSIGNAL);
-        if (sent >= 0)
+        if (sent >= 0) {
             return static_cast<std::size_t>(sent);
-        if (errno == EINTR)
+        }
+        if (errno == EINTR) {
             continue;
-        if (!wouldBlock(errno))
+        }
+        if (!wouldBlock(errno)) {
             error = systemError(errno);
-        if (error || !waitFor(POLLOUT, error))
+        }
+        if (error || !waitFor(POLLOUT, error)) {
             return 0;
+        }
     }
 }
 
 std::size_t LoopbackSocket::receive(void* data, std::size_t size, std::error_code& error) {
     for (;;) {
         const ssize_t received = ::recv(socket_, data, size, 0);
-        if (received >= 0)
+        if (received >= 0) {
             return static_cast<std::size_t>(received);
-        if (errno == EINTR)
+        }
+        if (errno == EINTR) {
             continue;
-        if (!wouldBlock(errno))
+        }
+        if (!wouldBlock(errno)) {
             error = systemError(errno);
-        if (error || !waitFor(POLLIN, error))
+        }
+        if (error || !waitFor(POLLIN, error)) {
             return 0;
+        }
     }
 }
 
@@ -162,10 +179,12 @@ bool LoopbackSocket::waitFor(short event, std::error_code& error) const {
         const timespec limit{seconds.count(), (left - seconds).count()};
         pollfd entry{socket_, event, 0};
         const int ready = ::ppoll(&entry, 1, &limit, nullptr);
-        if (ready > 0)
+        if (ready > 0) {
             return true;
-        if (ready < 0 && errno == EINTR)
+        }
+        if (ready < 0 && errno == EINTR) {
             continue;
+        }
         error = ready == 0 ? std::make_error_code(std::errc::timed_out) : systemError(errno);
         return false;
     }

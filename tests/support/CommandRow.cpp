@@ -35,13 +35,15 @@ void expectRow(const CommandRow& row) {
     EXPECT_EQ(result.status, row.status);
     EXPECT_EQ(result.signal, 0);
     EXPECT_EQ(service.requestTexts(), row.requests);
-    for (const RecordedRequest& request : service.requests())
+    for (const RecordedRequest& request : service.requests()) {
         EXPECT_EQ(request.headers, expectedHeaders(request)) << request.text();
+    }
 }
 
 void expectRows(const std::vector<CommandRow>& rows) {
-    for (const CommandRow& row : rows)
+    for (const CommandRow& row : rows) {
         expectRow(row);
+    }
 }
 
 void expectRefused(const std::vector<std::string>& arguments, const std::string& message, const std::string& usage,

@@ -1,11 +1,11 @@
 // Whole commands as rows of a table: a command line, the service's answers, and what must be seen.
 #pragma once
 
-#include "support/ScriptedService.h"
-#include "support/ToolRunner.h"
-
 #include <string>
 #include <vector>
+
+#include "support/ScriptedService.h"
+#include "support/ToolRunner.h"
 
 namespace testsupport {
 

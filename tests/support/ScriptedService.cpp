@@ -1,22 +1,24 @@
 #include "support/ScriptedService.h"
 
-#include "support/TestNetwork.h"
-
 #include <algorithm>
-#include <arpa/inet.h>
 #include <array>
 #include <cerrno>
 #include <charconv>
-#include <gtest/gtest.h>
+#include <optional>
+#include <system_error>
+
+#include <arpa/inet.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
-#include <optional>
 #include <poll.h>
 #include <strings.h>
 #include <sys/eventfd.h>
 #include <sys/socket.h>
-#include <system_error>
 #include <unistd.h>
+
+#include <gtest/gtest.h>
+
+#include "support/TestNetwork.h"
 
 namespace testsupport {
 
@@ -44,8 +46,9 @@ RecordedRequest parseHead(std::string head) {
     const std::string_view start = nextLine();
     const auto blank = std::min(start.find(' '), start.size());
     request.method = start.substr(0, blank);
-    if (start.ends_with(" HTTP/1.1") && start.size() > blank + 9)
+    if (start.ends_with(" HTTP/1.1") && start.size() > blank + 9) {
         request.target = start.substr(blank + 1, start.size() - blank - 10);
+    }
     for (std::string_view line = nextLine(); !line.empty(); line = nextLine()) {
         const auto colon = std::min(line.find(": "), line.size() - 1);
         request.headers.emplace_back(line.substr(0, colon), line.substr(std::min(colon + 2, line.size())));
@@ -56,9 +59,11 @@ RecordedRequest parseHead(std::string head) {
 
 std::size_t announcedSize(const RecordedRequest& request) {
     std::size_t size = 0;
-    for (const auto& [name, value] : request.headers)
-        if (sameName(name, "Content-Length"))
+    for (const auto& [name, value] : request.headers) {
+        if (sameName(name, "Content-Length")) {
             std::from_chars(value.data(), value.data() + value.size(), size);
+        }
+    }
     return size;
 }
 
@@ -76,22 +81,26 @@ public:
 
     /// Appends what comes next to `bytes`; false at the end of the stream, after a reset and when told to stop.
     bool receive(std::string& bytes) {
-        if (!wait(POLLIN))
+        if (!wait(POLLIN)) {
             return false;
+        }
         std::array<char, 65536> buffer;
         const ssize_t size = ::recv(socket_, buffer.data(), buffer.size(), MSG_DONTWAIT);
-        if (size > 0)
+        if (size > 0) {
             bytes.append(buffer.data(), static_cast<std::size_t>(size));
+        }
         return size > 0;
     }
 
     bool send(std::string_view bytes) {
         while (!bytes.empty()) {
-            if (!wait(POLLOUT))
+            if (!wait(POLLOUT)) {
                 return false;
+            }
             const ssize_t size = ::send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
-            if (size < 0 && errno != EAGAIN)
+            if (size < 0 && errno != EAGAIN) {
                 return false;
+            }
             bytes.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
         }
         return true;
@@ -100,8 +109,9 @@ public:
     /// Waits for `event` or, with a limit, until it has passed.
     bool wait(short event, int milliseconds = -1) const {
         std::array<pollfd, 2> entries{{{socket_, event, 0}, {stop_, POLLIN, 0}}};
-        while (::poll(entries.data(), entries.size(), milliseconds) < 0 && errno == EINTR)
+        while (::poll(entries.data(), entries.size(), milliseconds) < 0 && errno == EINTR) {
             ;
+        }
         return entries[0].revents != 0;
     }
 
@@ -118,17 +128,21 @@ private:
 /// Reads one request as far as `reading` says; what follows its end stays in `bytes`.
 std::optional<RecordedRequest> readRequest(Connection& connection, Answer::Reading reading, std::string& bytes) {
     std::size_t end = std::string::npos;
-    while ((end = bytes.find(headEnd)) == std::string::npos)
-        if (!connection.receive(bytes))
+    while ((end = bytes.find(headEnd)) == std::string::npos) {
+        if (!connection.receive(bytes)) {
             return std::nullopt;
+        }
+    }
     RecordedRequest request = parseHead(bytes.substr(0, end + headEnd.size()));
     bytes.erase(0, end + headEnd.size());
-    if (reading == Answer::Reading::head)
+    if (reading == Answer::Reading::head) {
         return request;
+    }
     const std::size_t size = announcedSize(request);
     bytes.reserve(size);
-    while (bytes.size() < size && connection.receive(bytes))
+    while (bytes.size() < size && connection.receive(bytes)) {
         ;
+    }
     request.body = bytes.substr(0, size);
     bytes.erase(0, size);
     return request;
@@ -140,10 +154,12 @@ Answer answer(int status, std::string body, const Headers& headers) {
     std::string head = "HTTP/1.1 " + std::to_string(status) + " Scripted\r\n";
     const bool typed = std::any_of(headers.begin(), headers.end(),
                                    [](const auto& header) { return sameName(header.first, "Content-Type"); });
-    if (!typed)
+    if (!typed) {
         head += "Content-Type: application/json\r\n";
-    for (const auto& [name, value] : headers)
+    }
+    for (const auto& [name, value] : headers) {
         head.append(name).append(": ").append(value).append("\r\n");
+    }
     head += "Content-Length: " + std::to_string(body.size()) + "\r\n\r\n";
     return {{std::move(head), std::move(body)}};
 }
@@ -189,29 +205,35 @@ std::string RecordedRequest::text() const {
 
 ScriptedService::ScriptedService(std::vector<Answer> answers, Families families, std::uint16_t port)
     : answers_(std::move(answers)), stop_(::eventfd(0, EFD_CLOEXEC)) {
-    if (families != Families::ipv6)
+    if (families != Families::ipv6) {
         listenOn(AF_INET, port);
-    if (families == Families::ipv6 || (families == Families::both && hasIPv6()))
+    }
+    if (families == Families::ipv6 || (families == Families::both && hasIPv6())) {
         listenOn(AF_INET6, port);
+    }
     thread_ = std::thread([this] { serve(); });
 }
 
 ScriptedService::~ScriptedService() {
     ::eventfd_write(stop_, 1);
     thread_.join();
-    for (const int listener : listeners_)
+    for (const int listener : listeners_) {
         ::close(listener);
+    }
     ::close(stop_);
-    for (const std::string& fault : faults_)
+    for (const std::string& fault : faults_) {
         ADD_FAILURE() << fault;
-    if (used_ < answers_.size())
+    }
+    if (used_ < answers_.size()) {
         ADD_FAILURE() << answers_.size() - used_ << " of " << answers_.size() << " scripted answers not asked for";
+    }
 }
 
 void ScriptedService::listenOn(int family, std::uint16_t port) {
     const int listener = ::socket(family, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
-    if (listener < 0)
+    if (listener < 0) {
         throwSystemError("socket");
+    }
     listeners_.push_back(listener);
     const int on = 1;
     ::setsockopt(listener, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
@@ -225,31 +247,37 @@ void ScriptedService::listenOn(int family, std::uint16_t port) {
     six.sin6_addr = in6addr_loopback;
     const bool isFour = family == AF_INET;
     if (::bind(listener, isFour ? reinterpret_cast<sockaddr*>(&four) : reinterpret_cast<sockaddr*>(&six),
-               isFour ? sizeof four : sizeof six) != 0)
+               isFour ? sizeof four : sizeof six) != 0) {
         throwSystemError("bind");
-    if (::listen(listener, 16) != 0)
+    }
+    if (::listen(listener, 16) != 0) {
         throwSystemError("listen");
+    }
 }
 
 void ScriptedService::serve() {
     std::vector<pollfd> entries;
-    for (const int listener : listeners_)
+    for (const int listener : listeners_) {
         entries.push_back({listener, POLLIN, 0});
+    }
     entries.push_back({stop_, POLLIN, 0});
     for (;;) {
-        if (::poll(entries.data(), entries.size(), -1) < 0 && errno != EINTR)
+        if (::poll(entries.data(), entries.size(), -1) < 0 && errno != EINTR) {
             return;
+        }
         // Connections that wait are served before the service stops, so that nothing sent goes unrecorded.
         bool served = false;
         for (const int listener : listeners_) {
             const int connection = ::accept4(listener, nullptr, nullptr, SOCK_CLOEXEC);
-            if (connection < 0)
+            if (connection < 0) {
                 continue;
+            }
             serveConnection(connection);
             served = true;
         }
-        if (!served && entries.back().revents != 0)
+        if (!served && entries.back().revents != 0) {
             return;
+        }
     }
 }
 
@@ -273,25 +301,31 @@ void ScriptedService::serveConnection(int socket) {
         const std::lock_guard lock(mutex_);
         requests_.push_back(*request);
     }
-    if (scripted)
+    if (scripted) {
         ++used_;
-    else
+    } else {
         faults_.push_back("no scripted answer for " + request->text().substr(0, 200));
+    }
 
     bool open = true;
     for (std::size_t i = 0; i < chosen.pieces.size() && open; ++i) {
-        if (i > 0 && chosen.pause.count() > 0)
+        if (i > 0 && chosen.pause.count() > 0) {
             connection.wait(0, static_cast<int>(chosen.pause.count()));
+        }
         open = connection.send(chosen.pieces[i]);
     }
-    if (chosen.ending == Answer::Ending::reset)
+    if (chosen.ending == Answer::Ending::reset) {
         connection.reset();
-    if (chosen.ending != Answer::Ending::leaveOpen || chosen.reading == Answer::Reading::head)
+    }
+    if (chosen.ending != Answer::Ending::leaveOpen || chosen.reading == Answer::Reading::head) {
         return;
-    while (connection.receive(bytes))
+    }
+    while (connection.receive(bytes)) {
         ;
-    if (!bytes.empty())
+    }
+    if (!bytes.empty()) {
         faults_.push_back("bytes behind the end of a request: " + bytes.substr(0, 200));
+    }
 }
 
 std::vector<RecordedRequest> ScriptedService::requests() const {
@@ -301,8 +335,9 @@ std::vector<RecordedRequest> ScriptedService::requests() const {
 
 std::vector<std::string> ScriptedService::requestTexts() const {
     std::vector<std::string> texts;
-    for (const RecordedRequest& request : requests())
+    for (const RecordedRequest& request : requests()) {
         texts.push_back(request.text());
+    }
     return texts;
 }
 

@@ -2,17 +2,18 @@
 
 #include <cerrno>
 #include <cstring>
-#include <fcntl.h>
 #include <filesystem>
+#include <string>
+#include <system_error>
+
+#include <fcntl.h>
 #include <net/if.h>
 #include <netinet/in.h>
 #include <sched.h>
-#include <string>
 #include <sys/file.h>
 #include <sys/ioctl.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
-#include <system_error>
 #include <unistd.h>
 
 namespace testsupport {
@@ -24,15 +25,17 @@ bool isOwn = false;
 bool writeFile(const char* path, const std::string& text) {
     const int file = ::open(path, O_WRONLY | O_CLOEXEC);
     const bool written = file >= 0 && ::write(file, text.data(), text.size()) == static_cast<ssize_t>(text.size());
-    if (file >= 0)
+    if (file >= 0) {
         ::close(file);
+    }
     return written;
 }
 
 /// Each user stays who they are, so that the owners of files mean the same as outside.
 bool enterNamespace() {
-    if (::unshare(CLONE_NEWNET) == 0)
+    if (::unshare(CLONE_NEWNET) == 0) {
         return true;
+    }
     const std::string user = std::to_string(::geteuid());
     const std::string group = std::to_string(::getegid());
     return ::unshare(CLONE_NEWUSER | CLONE_NEWNET) == 0 && writeFile("/proc/self/setgroups", "deny") &&
@@ -57,11 +60,13 @@ bool enterOwnNetwork() {
 /// There is no way back from a network that was entered but cannot be used, so a child tries first.
 bool canEnterOwnNetwork() {
     const pid_t child = ::fork();
-    if (child == 0)
+    if (child == 0) {
         ::_exit(enterOwnNetwork() ? 0 : 1);
+    }
     int state = 1;
-    while (child > 0 && ::waitpid(child, &state, 0) < 0 && errno == EINTR)
+    while (child > 0 && ::waitpid(child, &state, 0) < 0 && errno == EINTR) {
         ;
+    }
     return child > 0 && state == 0;
 }
 
@@ -70,10 +75,12 @@ void waitForLock() {
     const auto path = std::filesystem::temp_directory_path() / "orvane-tests.lock";
     const int file = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
     int outcome = file < 0 ? -1 : 0;
-    while (file >= 0 && (outcome = ::flock(file, LOCK_EX)) != 0 && errno == EINTR)
+    while (file >= 0 && (outcome = ::flock(file, LOCK_EX)) != 0 && errno == EINTR) {
         ;
-    if (outcome != 0)
+    }
+    if (outcome != 0) {
         throw std::system_error(errno, std::generic_category(), path.string());
+    }
 }
 
 } // namespace
@@ -84,8 +91,9 @@ void isolateNetwork() {
         return;
     }
     isOwn = enterOwnNetwork();
-    if (!isOwn)
+    if (!isOwn) {
         throw std::system_error(errno, std::generic_category(), "cannot enter a network of its own");
+    }
 }
 
 bool networkIsOwn() {

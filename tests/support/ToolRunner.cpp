@@ -4,18 +4,20 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <poll.h>
 #include <spawn.h>
-#include <string_view>
 #include <sys/ioctl.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
-#include <system_error>
 #include <termios.h>
 #include <unistd.h>
-#include <utility>
+
+#include <gtest/gtest.h>
 
 namespace testsupport {
 
@@ -24,8 +26,9 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 void check(bool fine, const char* what, int error = errno) {
-    if (!fine)
+    if (!fine) {
         throw std::system_error(error, std::generic_category(), what);
+    }
 }
 
 class Descriptor {
@@ -40,8 +43,9 @@ public:
     }
     int get() const { return number_; }
     void reset() {
-        if (number_ >= 0)
+        if (number_ >= 0) {
             ::close(std::exchange(number_, -1));
+        }
     }
 
 private:
@@ -106,8 +110,9 @@ Ends openOutput(const Output& output) {
     case Output::Kind::brokenPipe: {
         auto [reader, writer] = makePipe();
         makeNonBlocking(reader);
-        if (output.kind == Output::Kind::brokenPipe)
+        if (output.kind == Output::Kind::brokenPipe) {
             reader.reset();
+        }
         return {std::move(writer), std::move(reader)};
     }
     case Output::Kind::terminal:
@@ -128,16 +133,19 @@ std::vector<std::string> environmentOf(const ToolSetting& setting) {
                       {"COLUMNS", "80"},
                       {"LANG", "C.UTF-8"}});
     std::vector<std::string> texts;
-    for (const auto& [name, value] : variables)
-        if (value)
+    for (const auto& [name, value] : variables) {
+        if (value) {
             texts.push_back(name + "=" + *value);
+        }
+    }
     return texts;
 }
 
 std::vector<char*> pointersTo(std::vector<std::string>& texts) {
     std::vector<char*> pointers;
-    for (std::string& text : texts)
+    for (std::string& text : texts) {
         pointers.push_back(text.data());
+    }
     pointers.push_back(nullptr);
     return pointers;
 }
@@ -154,13 +162,15 @@ pid_t start(const std::vector<std::string>& arguments, const ToolSetting& settin
     ::posix_spawnattr_init(&attributes);
     for (int number = 0; number < 3; ++number) {
         const int source = streams[static_cast<std::size_t>(number)]->get();
-        if (source >= 0)
+        if (source >= 0) {
             ::posix_spawn_file_actions_adddup2(&actions, source, number);
-        else
+        } else {
             ::posix_spawn_file_actions_addclose(&actions, number);
+        }
     }
-    if (!setting.directory.empty())
+    if (!setting.directory.empty()) {
         ::posix_spawn_file_actions_addchdir_np(&actions, setting.directory.c_str());
+    }
     sigset_t defaults;
     sigemptyset(&defaults);
     ::posix_spawnattr_setsigmask(&attributes, &defaults);
@@ -181,21 +191,24 @@ pid_t start(const std::vector<std::string>& arguments, const ToolSetting& settin
 void readSome(Descriptor& source, std::string& text) {
     std::array<char, 65536> buffer;
     const ssize_t size = ::read(source.get(), buffer.data(), buffer.size());
-    if (size > 0)
+    if (size > 0) {
         text.append(buffer.data(), static_cast<std::size_t>(size));
-    else if (size == 0 || errno != EAGAIN)
+    } else if (size == 0 || errno != EAGAIN) {
         source.reset();
+    }
 }
 
 /// Gives what is taken. A pipe ends behind the text; a terminal stays, for its end was typed.
 void writeSome(Descriptor& target, std::string_view& text, bool endsByClosing) {
     const ssize_t size = ::write(target.get(), text.data(), text.size());
-    if (size > 0)
+    if (size > 0) {
         text.remove_prefix(static_cast<std::size_t>(size));
-    else if (size < 0 && errno != EAGAIN)
+    } else if (size < 0 && errno != EAGAIN) {
         text = {};
-    if (text.empty() && endsByClosing)
+    }
+    if (text.empty() && endsByClosing) {
         target.reset();
+    }
 }
 
 std::string typedText(const std::string& text) {
@@ -209,14 +222,16 @@ ToolResult runTool(const std::vector<std::string>& arguments, const ToolSetting&
     Ends out = openOutput(setting.out);
     Ends err = openOutput(setting.err);
     const pid_t process = start(arguments, setting, {&in.theirs, &out.theirs, &err.theirs});
-    for (Ends* ends : {&in, &out, &err})
+    for (Ends* ends : {&in, &out, &err}) {
         ends->theirs.reset();
+    }
 
     const bool typed = setting.input.kind == Input::Kind::terminal;
     const std::string inputText = typed ? typedText(setting.input.text) : setting.input.text;
     std::string_view unsent = inputText;
-    if (!typed && unsent.empty())
+    if (!typed && unsent.empty()) {
         in.ours.reset();
+    }
 
     ToolResult result;
     const Descriptor ended(static_cast<int>(::syscall(SYS_pidfd_open, process, 0)), "pidfd_open");
@@ -235,20 +250,25 @@ ToolResult runTool(const std::vector<std::string>& arguments, const ToolSetting&
             ::kill(process, SIGKILL);
             break;
         }
-        if (::poll(entries.data(), entries.size(), static_cast<int>(left)) <= 0)
+        if (::poll(entries.data(), entries.size(), static_cast<int>(left)) <= 0) {
             continue;
-        if (entries[0].revents != 0)
+        }
+        if (entries[0].revents != 0) {
             writeSome(in.ours, unsent, !typed);
-        if (entries[1].revents != 0)
+        }
+        if (entries[1].revents != 0) {
             readSome(out.ours, result.out);
-        if (entries[2].revents != 0)
+        }
+        if (entries[2].revents != 0) {
             readSome(err.ours, result.err);
+        }
         running = running && entries[3].revents == 0;
     }
 
     int state = 0;
-    while (::waitpid(process, &state, 0) < 0 && errno == EINTR)
+    while (::waitpid(process, &state, 0) < 0 && errno == EINTR) {
         ;
+    }
     result.status = WIFEXITED(state) ? WEXITSTATUS(state) : -1;
     result.signal = WIFSIGNALED(state) ? WTERMSIG(state) : 0;
     return result;

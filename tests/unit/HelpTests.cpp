@@ -1,10 +1,9 @@
-#include "unit/ParserFixture.h"
-
 #include <list>
 
 #include "ArgumentParser/HelpGenerator.h"
 #include "ArgumentParser/TextLayout.h"
 #include "ArgumentParser/UsageGenerator.h"
+#include "unit/ParserFixture.h"
 
 using namespace argumentparser;
 using parsertest::outcome;

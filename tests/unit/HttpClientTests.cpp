@@ -1,17 +1,18 @@
-#include "platform/HttpClient.h"
-
-#include "support/ScriptedService.h"
-#include "support/TestNetwork.h"
-
 #include <chrono>
 #include <cstdlib>
 #include <fstream>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <netinet/in.h>
 #include <optional>
+
+#include <netinet/in.h>
 #include <sys/socket.h>
 #include <unistd.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/HttpClient.h"
+#include "support/ScriptedService.h"
+#include "support/TestNetwork.h"
 
 using namespace std::chrono_literals;
 using platform::HttpFailure;
@@ -69,8 +70,9 @@ void expectFailed(const Outcome& outcome, HttpFailure failure, const std::string
 std::string largeText(std::size_t size) {
     std::string text;
     text.reserve(size + 8);
-    for (std::uint32_t i = 0; text.size() < size; ++i)
+    for (std::uint32_t i = 0; text.size() < size; ++i) {
         text += std::to_string(i * 2654435761U);
+    }
     text.resize(size);
     return text;
 }
@@ -83,8 +85,9 @@ public:
         changed_ = testsupport::networkIsOwn() && static_cast<bool>(std::ofstream(path_) << value << std::flush);
     }
     ~NetworkSetting() {
-        if (changed_)
+        if (changed_) {
             std::ofstream(path_) << old_;
+        }
     }
     NetworkSetting(const NetworkSetting&) = delete;
     NetworkSetting& operator=(const NetworkSetting&) = delete;
@@ -124,17 +127,20 @@ TEST(HttpClient, sendsExactlyTheHeadersThatAreNeeded) {
 }
 
 TEST(HttpClient, findsTheServiceOnIPv4WithoutAProxy) {
-    for (const char* name : {"http_proxy", "HTTP_PROXY", "all_proxy", "ALL_PROXY"})
+    for (const char* name : {"http_proxy", "HTTP_PROXY", "all_proxy", "ALL_PROXY"}) {
         ::setenv(name, "http://127.0.0.1:9", 1);
+    }
     const ScriptedService service({answer("found")}, ScriptedService::Families::ipv4);
     expectAnswered(outcomeOf(get("/")), 200, "found");
-    for (const char* name : {"http_proxy", "HTTP_PROXY", "all_proxy", "ALL_PROXY"})
+    for (const char* name : {"http_proxy", "HTTP_PROXY", "all_proxy", "ALL_PROXY"}) {
         ::unsetenv(name);
+    }
 }
 
 TEST(HttpClient, prefersIPv6) {
-    if (!testsupport::hasIPv6())
+    if (!testsupport::hasIPv6()) {
         GTEST_SKIP() << "loopback has no IPv6 address";
+    }
     const ScriptedService six({answer("six"), answer("literal"),
                                answer(302, "", {{"Location", "http://[::1]:44360/b"}}), answer("redirected")},
                               ScriptedService::Families::ipv6);
@@ -153,19 +159,22 @@ TEST(HttpClient, aLiteralAddressIsTheOnlyOneTried) {
 }
 
 TEST(HttpClient, cannotConnectWhenEveryAddressRefuses) {
-    for (const std::string_view host : {"localhost", "127.0.0.1", "127.1.2.3", "[::1]"})
+    for (const std::string_view host : {"localhost", "127.0.0.1", "127.1.2.3", "[::1]"}) {
         expectFailed(outcomeOf(get("/", host)), HttpFailure::cannotConnect, "44360");
+    }
 }
 
 TEST(HttpClient, connectsToLoopbackAlone) {
-    for (const std::string_view host : {"192.0.2.1", "example.com", "[2001:db8::1]", ""})
+    for (const std::string_view host : {"192.0.2.1", "example.com", "[2001:db8::1]", ""}) {
         expectFailed(outcomeOf(get("/", host, 0.2)), HttpFailure::other, "cannot connect");
+    }
 }
 
 TEST(HttpClient, doesWithoutIPv6) {
     const NetworkSetting setting("ipv6/conf/lo/disable_ipv6", "1");
-    if (!setting.isChanged())
+    if (!setting.isChanged()) {
         GTEST_SKIP() << "the network's settings cannot be changed here";
+    }
     expectFailed(outcomeOf(get("/")), HttpFailure::cannotConnect);
     const ScriptedService service({answer("four")}, ScriptedService::Families::ipv4);
     expectAnswered(outcomeOf(get("/")), 200, "four");
@@ -174,8 +183,9 @@ TEST(HttpClient, doesWithoutIPv6) {
 TEST(HttpClient, neverTakesItselfForTheService) {
     {
         const NetworkSetting setting("ipv4/ip_local_port_range", "44360 44360");
-        if (!setting.isChanged())
+        if (!setting.isChanged()) {
             GTEST_SKIP() << "the network's settings cannot be changed here";
+        }
         expectFailed(outcomeOf(get("/")), HttpFailure::cannotConnect);
     }
     const ScriptedService service({answer("here")});
@@ -297,17 +307,20 @@ TEST(HttpClient, givesUpOnAConnectionThatIsNotAccepted) {
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     const auto* const place = reinterpret_cast<const sockaddr*>(&address);
     int sockets[4];
-    for (int& socket : sockets)
+    for (int& socket : sockets) {
         socket = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+    }
     const int on = 1;
     ::setsockopt(sockets[0], SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
     ASSERT_EQ(::bind(sockets[0], place, sizeof address), 0);
     ASSERT_EQ(::listen(sockets[0], 0), 0);
-    for (int filler = 1; filler < 4; ++filler)
+    for (int filler = 1; filler < 4; ++filler) {
         ::connect(sockets[filler], place, sizeof address);
+    }
     expectFailed(outcomeOf(get("/", "localhost", 0.15)), HttpFailure::timedOut);
-    for (const int socket : sockets)
+    for (const int socket : sockets) {
         ::close(socket);
+    }
 }
 
 TEST(HttpClient, waitsAsLongAsBytesMove) {
@@ -322,8 +335,8 @@ TEST(HttpClient, waitsAsLongAsBytesMove) {
 TEST(HttpClient, givesUpOnARequestThatIsNotTaken) {
     const ScriptedService service({testsupport::deafness()});
     const auto start = std::chrono::steady_clock::now();
-    expectFailed(outcomeOf(send("POST", "/", std::string(fiftyMegabytes, 'x'), 1)), HttpFailure::timedOut);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, 1900ms) << "waited for an answer as well";
+    expectFailed(outcomeOf(send("POST", "/", std::string(fiftyMegabytes, 'x'), 2)), HttpFailure::timedOut);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 3900ms) << "waited for an answer as well";
 }
 
 TEST(HttpClient, movesLargeBodiesUnchanged) {

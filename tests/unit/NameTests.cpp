@@ -1,8 +1,7 @@
-#include "ArgumentParser/Name.h"
-
 #include <gtest/gtest.h>
 
 #include "ArgumentParser/EditDistance.h"
+#include "ArgumentParser/Name.h"
 
 using namespace argumentparser;
 

@@ -1,6 +1,6 @@
-#include "unit/ParserFixture.h"
-
 #include <stdexcept>
+
+#include "unit/ParserFixture.h"
 
 using namespace argumentparser;
 using parsertest::expectRows;

@@ -1,8 +1,7 @@
-#include "unit/ParserFixture.h"
-
 #include <cstdint>
 
 #include "ArgumentParser/SplitArguments.h"
+#include "unit/ParserFixture.h"
 
 using namespace argumentparser;
 using parsertest::expectRows;
