@@ -19,7 +19,7 @@ std::string usageBlock(const std::vector<CommandType>& stack) {
     std::string block = usageMessage(stack, command->argumentSet());
     if (const auto helpName = primaryHelpName(stack)) {
         block += block.empty() ? "" : "\n";
-        block += "  See '" + toolName(stack) + " " + helpName->synopsis() + "' for more information.";
+        block += "  See '" + commandNames(stack) + " " + helpName->synopsis() + "' for more information.";
     }
     return block;
 }

@@ -1,6 +1,7 @@
 #include "ArgumentParser/UsageGenerator.h"
 
 #include "ArgumentParser/TextLayout.h"
+#include "platform/Text.h"
 
 namespace argumentparser {
 
@@ -42,15 +43,17 @@ std::string synopsis(const std::vector<CommandType>& stack, const ArgumentSet& a
 
 } // namespace
 
-std::string toolName(const std::vector<CommandType>& stack) {
-    std::string name(stack.front().configuration()._superCommandName);
+std::string commandNames(const std::vector<CommandType>& stack) {
+    std::vector<std::string> names;
     for (const CommandType& command : stack) {
-        if (!name.empty()) {
-            name += ' ';
-        }
-        name += command.commandName();
+        names.push_back(command.commandName());
     }
-    return name;
+    return platform::joined(names, " ");
+}
+
+std::string toolName(const std::vector<CommandType>& stack) {
+    const std::string superCommand(stack.front().configuration()._superCommandName);
+    return superCommand.empty() ? commandNames(stack) : superCommand + " " + commandNames(stack);
 }
 
 std::string usageText(const std::vector<CommandType>& stack, const ArgumentSet& arguments) {

@@ -8,7 +8,10 @@
 
 namespace argumentparser {
 
-/// The names of `stack`, root first, joined by blanks, behind the root's super command if it has one.
+/// The names of `stack`, root first, joined by blanks.
+std::string commandNames(const std::vector<CommandType>& stack);
+
+/// The same behind the root's super command, if it has one.
 std::string toolName(const std::vector<CommandType>& stack);
 
 /// How the last command of `stack` is called: its own usage text, else its synopsis. Empty for no usage.

@@ -151,6 +151,14 @@ TEST(Help, HiddenInputsAreShownOnRequest) {
     EXPECT_EQ(all, plain);
 }
 
+TEST(Help, IsNamedByErrorsWithoutTheSuperCommand) {
+    const std::string error = outcome<Rich>("--what");
+    EXPECT_TRUE(
+        error.ends_with("\nUsage: super rich [<options>] <source-file> --exact567890 <exact567890> [<more> ...] "
+                        "<subcommand>\n  See 'rich --help' for more information."))
+        << error;
+}
+
 TEST(Help, OfALeafBelowAVersion) {
     EXPECT_EQ(
         HelpGenerator({CommandType::of<Rich>(), CommandType::of<Child>()}, ArgumentVisibility::shown).rendered(80),
