@@ -61,7 +61,6 @@ struct ArgumentDefinition {
     std::function<void(ParsedValues&)> initial; ///< Records the declared default; may be empty.
 
     bool isPositional() const { return std::holds_alternative<Positional>(kind); }
-    bool isNamed() const { return std::holds_alternative<Named>(kind); }
     bool isRepeatingPositional() const { return isPositional() && help.isRepeating; }
     bool takesValue() const { return std::holds_alternative<UnaryUpdate>(update); }
     bool isVisible() const { return help.visibility == ArgumentVisibility::shown; }

@@ -82,8 +82,8 @@ public:
 private:
     Flag(ParsableArguments& owner, std::string_view key, std::optional<T> initial,
          std::optional<FlagInversion> inversion, const ArgumentHelp& help, FlagTraits traits)
-        : InputValue<T>(owner, key, std::move(initial)), names_(std::move(traits.names)), inversion_(inversion),
-          exclusivity_(traits.exclusivity), help_(help) {}
+        : InputValue<T>(owner, key, std::move(initial), help), names_(std::move(traits.names)), inversion_(inversion),
+          exclusivity_(traits.exclusivity) {}
 
     static std::optional<T> implicitDefault() {
         if constexpr (std::same_as<T, bool> || isCounter) {
@@ -102,22 +102,9 @@ private:
     }
 
     ArgumentDefinition definition(const InputContext& context, const InputKey& key, std::vector<Name> names) const {
-        ArgumentDefinition definition;
+        ArgumentDefinition definition = this->declaredDefinition(context, key, isCounter, defaultValueText());
         definition.kind = ArgumentDefinition::Named{std::move(names)};
-        definition.help = {
-            .isOptional = this->isOptional(),
-            .isRepeating = isCounter,
-            .isComposite = inversion_.has_value() || !(isSwitch || isCounter),
-            .defaultValue = defaultValueText(),
-            .keys = {key},
-            .allValueStrings = {},
-            .abstract = help_.abstract,
-            .discussion = help_.discussion,
-            .valueName = help_.valueName,
-            .visibility = std::max(help_.visibility, context.visibility),
-            .parentTitle = context.parentTitle,
-        };
-        definition.initial = this->recordDefault(key);
+        definition.help.isComposite = inversion_.has_value() || !(isSwitch || isCounter);
         return definition;
     }
 
@@ -168,7 +155,6 @@ private:
     NameSpecification names_;
     std::optional<FlagInversion> inversion_;
     FlagExclusivity exclusivity_;
-    ArgumentHelp help_;
 };
 
 } // namespace argumentparser

@@ -1,6 +1,7 @@
 // The value side that all kinds of inputs share: how a decoded input is read.
 #pragma once
 
+#include <algorithm>
 #include <any>
 #include <optional>
 #include <vector>
@@ -65,8 +66,8 @@ public:
     explicit operator bool() const requires(Shape::isOptional) { return get().has_value(); }
 
 protected:
-    InputValue(ParsableArguments& owner, std::string_view key, std::optional<T> initial)
-        : DeclaredInput(owner), key_(key.starts_with('_') ? key.substr(1) : key), default_(initial),
+    InputValue(ParsableArguments& owner, std::string_view key, std::optional<T> initial, const ArgumentHelp& help)
+        : DeclaredInput(owner), key_(key.starts_with('_') ? key.substr(1) : key), default_(initial), help_(help),
           value_(std::move(initial)) {}
     ~InputValue() = default;
 
@@ -74,20 +75,24 @@ protected:
     const std::optional<T>& declaredDefault() const { return default_; }
     bool isOptional() const { return Shape::isOptional || default_.has_value(); }
 
-    /// Records the declared default. An optional input without one has no value to record.
-    std::function<void(ParsedValues&)> recordDefault(const InputKey& key) const {
-        if (!default_) {
-            return {};
-        }
-        return [this, key](ParsedValues& values) {
-            if constexpr (Shape::isOptional) {
-                if (*default_) {
-                    values.setDefault(key, **default_);
-                }
-            } else {
-                values.setDefault(key, *default_);
-            }
+    /// What the declaration says, whatever the kind of input. Its forms and its update are the kind's own.
+    ArgumentDefinition declaredDefinition(const InputContext& context, const InputKey& key, bool isRepeating,
+                                          std::string defaultValue) const {
+        ArgumentDefinition definition;
+        definition.help = {
+            .isOptional = isOptional(),
+            .isRepeating = isRepeating,
+            .defaultValue = std::move(defaultValue),
+            .keys = {key},
+            .allValueStrings = {},
+            .abstract = help_.abstract,
+            .discussion = help_.discussion,
+            .valueName = help_.valueName,
+            .visibility = std::max(help_.visibility, context.visibility),
+            .parentTitle = context.parentTitle,
         };
+        definition.initial = recordDefault(key);
+        return definition;
     }
 
     void decode(ArgumentDecoder& decoder, const InputContext& context) override {
@@ -106,8 +111,25 @@ protected:
     }
 
 private:
+    /// Records the declared default. An optional input without one has no value to record.
+    std::function<void(ParsedValues&)> recordDefault(const InputKey& key) const {
+        if (!default_) {
+            return {};
+        }
+        return [this, key](ParsedValues& values) {
+            if constexpr (Shape::isOptional) {
+                if (*default_) {
+                    values.setDefault(key, **default_);
+                }
+            } else {
+                values.setDefault(key, *default_);
+            }
+        };
+    }
+
     std::string_view key_;
     std::optional<T> default_;
+    ArgumentHelp help_;
     std::optional<T> value_;
 };
 

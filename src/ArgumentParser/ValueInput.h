@@ -28,24 +28,12 @@ public:
 protected:
     ValueInput(ParsableArguments& owner, std::string_view key, std::optional<T> initial, const ArgumentHelp& help,
                ValueTraits<Element> traits)
-        : InputValue<T>(owner, key, std::move(initial)), help_(help), traits_(std::move(traits)) {}
+        : InputValue<T>(owner, key, std::move(initial), help), traits_(std::move(traits)) {}
     ~ValueInput() = default;
 
     ArgumentDefinition definition(const InputContext& context) const {
         const InputKey key = context.key(this->key());
-        ArgumentDefinition definition;
-        definition.help = {
-            .isOptional = this->isOptional(),
-            .isRepeating = Shape::isList,
-            .defaultValue = defaultValueText(),
-            .keys = {key},
-            .allValueStrings = {},
-            .abstract = help_.abstract,
-            .discussion = help_.discussion,
-            .valueName = help_.valueName,
-            .visibility = std::max(help_.visibility, context.visibility),
-            .parentTitle = context.parentTitle,
-        };
+        ArgumentDefinition definition = this->declaredDefinition(context, key, Shape::isList, defaultValueText());
         if constexpr (ExpressibleByArgument<Element>) {
             definition.help.allValueStrings = ArgumentValue<Element>::allValueStrings();
             definition.completion = ArgumentValue<Element>::defaultCompletionKind();
@@ -62,7 +50,6 @@ protected:
                     values.set(key, read(origin, name, text, key), origin);
                 }
             });
-        definition.initial = this->recordDefault(key);
         return definition;
     }
 
@@ -109,7 +96,6 @@ private:
         return text;
     }
 
-    ArgumentHelp help_;
     ValueTraits<Element> traits_;
 };
 

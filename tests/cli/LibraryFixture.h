@@ -23,6 +23,16 @@ inline CommandRow requestRow(std::vector<std::string> arguments, std::string req
             .out = bytes + "\n"};
 }
 
+/// Each row, and where it asks the service, the same command line refused by it.
+inline void expectRequests(const std::vector<CommandRow>& rows) {
+    for (const CommandRow& row : rows) {
+        expectRow(row);
+        if (!row.requests.empty()) {
+            expectServiceRefusal(row.arguments, {}, row.setting);
+        }
+    }
+}
+
 /// `arguments` with `more` behind them.
 inline std::vector<std::string> with(std::vector<std::string> arguments, const std::vector<std::string>& more) {
     arguments.insert(arguments.end(), more.begin(), more.end());

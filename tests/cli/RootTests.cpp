@@ -44,53 +44,6 @@ const std::string rootHelp = "OVERVIEW: Orvane CLI — access your personal cont
                              "  tee  sed  replace-lines  mv  rm  rmdir\n"
                              "  See 'orvane-cli help <subcommand>' for detailed help.\n";
 
-const std::string findHelp = "OVERVIEW: List every descendant of a node (any depth) matching the filters,\n"
-                             "newest first. Use the Contexts root id to search all your contexts and folders.\n"
-                             "\n"
-                             "USAGE: orvane-cli find [<options>] <parent>\n"
-                             "\n"
-                             "ARGUMENTS:\n"
-                             "  <parent>                Node UUID to search under: the Contexts root, an\n"
-                             "                          integration root, a folder, or a transcript.\n"
-                             "\n"
-                             "OPTIONS:\n"
-                             "  --type <type>           Filter by type/kind: context, transcript, profile,\n"
-                             "                          email, messaging, notes, obsidian, document,\n"
-                             "                          local_folder, sharepoint, memory, meeting, or a raw\n"
-                             "                          NodeKind. (values: all, context, document, email,\n"
-                             "                          local_folder, meeting, memory, messaging, notes,\n"
-                             "                          obsidian, profile, sharepoint, transcript)\n"
-                             "  --since <since>         Only include nodes updated at or after this date\n"
-                             "                          (ISO-8601 or yyyy-MM-dd).\n"
-                             "  --until <until>         Only include nodes updated at or before this date\n"
-                             "                          (ISO-8601 or yyyy-MM-dd).\n"
-                             "  --limit <limit>         Maximum number of nodes to return (default: 100, max:\n"
-                             "                          500). (default: 100)\n"
-                             "  --offset <offset>       Starting index for pagination (default: 0). (default:\n"
-                             "                          0)\n"
-                             "  --owner <owner>         Orvane source owner scope: everything you can read\n"
-                             "                          (default all_readable). Narrow with current_user/me,\n"
-                             "                          team, or a teammate user ID or email.\n"
-                             "  --name <name>           Case-insensitive node-name substring, applied before\n"
-                             "                          pagination.\n"
-                             "  --initiated <initiated> Filter sessions by who or what initiated them: human,\n"
-                             "                          agent, or automation. (values: human, agent,\n"
-                             "                          automation)\n"
-                             "  --sender <sender>       Email sender: display-name substring or exact email\n"
-                             "                          address. Needs a mailbox or email thread as the\n"
-                             "                          parent.\n"
-                             "  --recipient <recipient> Any To/Cc/Bcc display-name substring or exact address.\n"
-                             "  --to <to>               To display-name substring or exact address.\n"
-                             "  --cc <cc>               Cc display-name substring or exact address.\n"
-                             "  --bcc <bcc>             Available Bcc display-name substring or exact address.\n"
-                             "  --subject <subject>     Case-insensitive substring of the matching message\n"
-                             "                          subject.\n"
-                             "  --json                  Output the raw JSON response instead of the aligned\n"
-                             "                          table.\n"
-                             "  --version               Show the version.\n"
-                             "  -h, --help              Show help information.\n"
-                             "\n";
-
 TEST(Root, AnswersBuiltInRequestsWithoutTheService) {
     for (const std::vector<std::string>& arguments :
          {std::vector<std::string>{}, {"--help"}, {"help"}, {"help", "nonsense"}}) {
@@ -99,8 +52,6 @@ TEST(Root, AnswersBuiltInRequestsWithoutTheService) {
     expectRows({
         {.arguments = {"--version"}, .out = "0.4.0\n"},
         {.arguments = {"ls", "--version"}, .out = "0.4.0\n"},
-        {.arguments = {"help", "find"}, .out = findHelp},
-        {.arguments = {"find", "-h"}, .out = findHelp},
     });
 }
 

@@ -263,16 +263,4 @@ TEST(Help, Wrapping) {
     }
 }
 
-TEST(Help, ScreenWidthComesFromTheEnvironmentFirst) {
-    setenv("COLUMNS", "40", 1);
-    EXPECT_EQ(screenWidth(), 40);
-    EXPECT_EQ(HelpGenerator({CommandType::of<Labels>()}, ArgumentVisibility::shown).rendered(),
-              helpOf(CommandType::of<Labels>(), 40));
-    setenv("COLUMNS", "wide", 1);
-    const int width = screenWidth();
-    unsetenv("COLUMNS");
-    EXPECT_EQ(screenWidth(), width);
-    EXPECT_GT(width, 0);
-}
-
 } // namespace

@@ -5,7 +5,7 @@ using namespace testsupport;
 namespace {
 
 TEST(Team, ListsTeams) {
-    expectRows({
+    expectRequests({
         requestRow({"team"}, "GET /api/teams"),
         requestRow({"team", "list"}, "GET /api/teams"),
         {.arguments = {"team", "--help"},
@@ -22,8 +22,19 @@ TEST(Team, ListsTeams) {
                 "\n"
                 "  See 'orvane-cli help team <subcommand>' for detailed help.\n"},
     });
-    expectServiceRefusal({"team"});
     expectRefused({"team", "--limit", "5"}, "Unknown option '--limit'", "orvane-cli team list\n");
+}
+
+TEST(Integration, SendsTheFiltersThatAreGiven) {
+    expectRequests({
+        requestRow({"integration"}, "GET /api/integrations"),
+        requestRow({"integration", "list"}, "GET /api/integrations"),
+        requestRow({"integration", "--team-id", "no id"}, "GET /api/integrations?teamId=no%20id"),
+        requestRow({"integration", "list", "--team-id", "", "--status", "a&b", "--platform", "ü"},
+                   "GET /api/integrations?platform=%C3%BC&status=a%26b&teamId="),
+    });
+    expectRefused({"integration", "list", "x"}, "Unexpected argument 'x'",
+                  "orvane-cli integration list [--platform <platform>] [--status <status>] [--team-id <team-id>]\n");
 }
 
 } // namespace
