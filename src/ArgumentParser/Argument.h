@@ -1,23 +1,24 @@
 // A positional input.
 #pragma once
 
-#include "ArgumentParser/ValueInput.h"
+#include "ArgumentParser/ValueReadingInput.h"
 
 namespace argumentparser {
 
 /// `T` is a value type, an optional one or a vector, which takes every value that is left.
 template <class T>
-class Argument final : public ValueInput<T> {
+class Argument final : public ValueReadingInput<T> {
 public:
-    using Element = typename ValueInput<T>::Element;
+    using Element = typename ValueReadingInput<T>::Element;
 
     /// Required, unless `T` is optional.
-    Argument(ParsableArguments& owner, std::string_view key, const ArgumentHelp& help, ValueTraits<Element> traits = {})
-        : ValueInput<T>(owner, key, std::nullopt, help, std::move(traits)) {}
+    Argument(ParsableArguments& owner, std::string_view key, const ArgumentHelp& help,
+             ValueSettings<Element> settings = {})
+        : ValueReadingInput<T>(owner, key, std::nullopt, help, std::move(settings)) {}
     /// With a default.
     Argument(ParsableArguments& owner, std::string_view key, T initial, const ArgumentHelp& help,
-             ValueTraits<Element> traits = {})
-        : ValueInput<T>(owner, key, std::move(initial), help, std::move(traits)) {}
+             ValueSettings<Element> settings = {})
+        : ValueReadingInput<T>(owner, key, std::move(initial), help, std::move(settings)) {}
 
     void addDefinitions(ArgumentSet& arguments, const InputContext& context) const override {
         ArgumentDefinition definition = this->definition(context);

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "ArgumentParser/Exits.h"
+#include "ArgumentParser/CommandExit.h"
 #include "ArgumentParser/HelpCommand.h"
 #include "ArgumentParser/HelpNames.h"
 #include "ArgumentParser/LenientParser.h"

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "ArgumentParser/CommandExit.h"
 #include "ArgumentParser/EditDistance.h"
-#include "ArgumentParser/Exits.h"
 #include "ArgumentParser/HelpGenerator.h"
 #include "platform/Text.h"
 
@@ -258,6 +258,8 @@ std::string errorDescription(const std::exception_ptr& error) {
         std::rethrow_exception(error);
     } catch (const ValidationError& validation) {
         return validation.message;
+    } catch (const CommandFailure& failure) {
+        return failure.message;
     } catch (const std::exception& exception) {
         return exception.what();
     } catch (...) {

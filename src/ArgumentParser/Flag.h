@@ -3,8 +3,8 @@
 #pragma once
 
 #include "ArgumentParser/ArgumentHelp.h"
+#include "ArgumentParser/DecodedInput.h"
 #include "ArgumentParser/ExpressibleByArgument.h"
-#include "ArgumentParser/InputValue.h"
 
 namespace argumentparser {
 
@@ -21,14 +21,14 @@ enum class FlagExclusivity {
     chooseLast,
 };
 
-struct FlagTraits {
+struct FlagSettings {
     NameSpecification names = {longName()};
     FlagExclusivity exclusivity = FlagExclusivity::exclusive; ///< Of switches with an opposite, and of families.
 };
 
 /// `T` is `bool` or an optional one, `int` for a counter, or a closed set's enumeration or an optional one.
 template <class T>
-class Flag final : public InputValue<T> {
+class Flag final : public DecodedInput<T> {
 public:
     using Element = typename ValueShape<T>::Element;
 
@@ -39,19 +39,19 @@ public:
     /// A plain switch, off unless given; a counter, which starts at 0; or a family, of which one member is required
     /// unless `T` is optional.
     Flag(ParsableArguments& owner, std::string_view key, const ArgumentHelp& help,
-         FlagTraits traits = {}) requires(!std::same_as<T, std::optional<bool>>)
-        : Flag(owner, key, implicitDefault(), std::nullopt, help, std::move(traits)) {}
+         FlagSettings settings = {}) requires(!std::same_as<T, std::optional<bool>>)
+        : Flag(owner, key, implicitDefault(), std::nullopt, help, std::move(settings)) {}
     /// With a default.
     Flag(ParsableArguments& owner, std::string_view key, T initial, const ArgumentHelp& help,
-         FlagTraits traits = {}) requires(!std::same_as<T, std::optional<bool>>)
-        : Flag(owner, key, std::optional<T>(std::move(initial)), std::nullopt, help, std::move(traits)) {}
+         FlagSettings settings = {}) requires(!std::same_as<T, std::optional<bool>>)
+        : Flag(owner, key, std::optional<T>(std::move(initial)), std::nullopt, help, std::move(settings)) {}
     /// A switch with an opposite. One of them is required unless `T` is optional.
     Flag(ParsableArguments& owner, std::string_view key, FlagInversion inversion, const ArgumentHelp& help,
-         FlagTraits traits = {}) requires(isSwitch)
-        : Flag(owner, key, std::optional<T>(), inversion, help, std::move(traits)) {}
+         FlagSettings settings = {}) requires(isSwitch)
+        : Flag(owner, key, std::optional<T>(), inversion, help, std::move(settings)) {}
     Flag(ParsableArguments& owner, std::string_view key, FlagInversion inversion, bool initial,
-         const ArgumentHelp& help, FlagTraits traits = {}) requires(isSwitch)
-        : Flag(owner, key, std::optional<T>(initial), inversion, help, std::move(traits)) {}
+         const ArgumentHelp& help, FlagSettings settings = {}) requires(isSwitch)
+        : Flag(owner, key, std::optional<T>(initial), inversion, help, std::move(settings)) {}
 
     void addDefinitions(ArgumentSet& arguments, const InputContext& context) const override {
         const InputKey key = context.key(this->key());
@@ -81,9 +81,9 @@ public:
 
 private:
     Flag(ParsableArguments& owner, std::string_view key, std::optional<T> initial,
-         std::optional<FlagInversion> inversion, const ArgumentHelp& help, FlagTraits traits)
-        : InputValue<T>(owner, key, std::move(initial), help), names_(std::move(traits.names)), inversion_(inversion),
-          exclusivity_(traits.exclusivity) {}
+         std::optional<FlagInversion> inversion, const ArgumentHelp& help, FlagSettings settings)
+        : DecodedInput<T>(owner, key, std::move(initial), help), names_(std::move(settings.names)),
+          inversion_(inversion), exclusivity_(settings.exclusivity) {}
 
     static std::optional<T> implicitDefault() {
         if constexpr (std::same_as<T, bool> || isCounter) {

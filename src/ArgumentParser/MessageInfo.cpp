@@ -1,7 +1,7 @@
 #include "ArgumentParser/MessageInfo.h"
 
+#include "ArgumentParser/CommandExit.h"
 #include "ArgumentParser/ErrorMessageGenerator.h"
-#include "ArgumentParser/Exits.h"
 #include "ArgumentParser/HelpGenerator.h"
 #include "ArgumentParser/HelpNames.h"
 #include "ArgumentParser/UsageGenerator.h"
@@ -48,6 +48,8 @@ MessageInfo messageOfHookError(const std::exception_ptr& error, const std::vecto
         return messageOf(exit, stack, root);
     } catch (const ExitCode& code) {
         return {MessageInfo::Other{{}, code.rawValue}};
+    } catch (const CommandFailure& failure) {
+        return {MessageInfo::Other{failure.message, ExitCode::failure}};
     } catch (const std::exception& exception) {
         return {MessageInfo::Other{exception.what(), ExitCode::failure}};
     } catch (...) {

@@ -1,12 +1,12 @@
 // A named input with a value.
 #pragma once
 
-#include "ArgumentParser/ValueInput.h"
+#include "ArgumentParser/ValueReadingInput.h"
 
 namespace argumentparser {
 
 template <class Element>
-struct OptionTraits {
+struct OptionSettings {
     NameSpecification names = {longName()};
     std::optional<ParsingStrategy> parsing = {}; ///< Of a list: `scanningForValue`, else `nextValue`.
     Transform<Element> transform = {};
@@ -15,17 +15,20 @@ struct OptionTraits {
 
 /// `T` is a value type, an optional one (which need not be given) or a vector (which may be given repeatedly).
 template <class T>
-class Option final : public ValueInput<T> {
+class Option final : public ValueReadingInput<T> {
 public:
-    using Element = typename ValueInput<T>::Element;
+    using Element = typename ValueReadingInput<T>::Element;
 
     /// `key` is the declared identifier, from which the name derives. Required, unless `T` is optional.
-    Option(ParsableArguments& owner, std::string_view key, const ArgumentHelp& help, OptionTraits<Element> traits = {})
-        : ValueInput<T>(owner, key, std::nullopt, help, valueTraits(traits)), names_(std::move(traits.names)) {}
+    Option(ParsableArguments& owner, std::string_view key, const ArgumentHelp& help,
+           OptionSettings<Element> settings = {})
+        : ValueReadingInput<T>(owner, key, std::nullopt, help, valueSettings(settings)),
+          names_(std::move(settings.names)) {}
     /// With a default.
     Option(ParsableArguments& owner, std::string_view key, T initial, const ArgumentHelp& help,
-           OptionTraits<Element> traits = {})
-        : ValueInput<T>(owner, key, std::move(initial), help, valueTraits(traits)), names_(std::move(traits.names)) {}
+           OptionSettings<Element> settings = {})
+        : ValueReadingInput<T>(owner, key, std::move(initial), help, valueSettings(settings)),
+          names_(std::move(settings.names)) {}
 
     void addDefinitions(ArgumentSet& arguments, const InputContext& context) const override {
         ArgumentDefinition definition = this->definition(context);
@@ -34,9 +37,9 @@ public:
     }
 
 private:
-    static ValueTraits<Element> valueTraits(const OptionTraits<Element>& traits) {
+    static ValueSettings<Element> valueSettings(const OptionSettings<Element>& settings) {
         constexpr auto usual = ValueShape<T>::isList ? ParsingStrategy::scanningForValue : ParsingStrategy::nextValue;
-        return {traits.parsing.value_or(usual), traits.transform, traits.completion};
+        return {settings.parsing.value_or(usual), settings.transform, settings.completion};
     }
 
     NameSpecification names_;

@@ -7,7 +7,7 @@
 
 namespace argumentparser {
 
-struct OptionGroupTraits {
+struct OptionGroupSettings {
     std::string_view title = {};                               ///< Heads a section of its own in help; empty for none.
     ArgumentVisibility visibility = ArgumentVisibility::shown; ///< Applies to every input inside.
 };
@@ -16,8 +16,8 @@ struct OptionGroupTraits {
 template <class Group>
 class OptionGroup final : public DeclaredInput {
 public:
-    OptionGroup(ParsableArguments& owner, std::string_view key, OptionGroupTraits traits = {})
-        : DeclaredInput(owner), key_(key), traits_(traits) {}
+    OptionGroup(ParsableArguments& owner, std::string_view key, OptionGroupSettings settings = {})
+        : DeclaredInput(owner), key_(key), settings_(settings) {}
 
     const Group& operator*() const { return group_; }
     const Group* operator->() const { return &group_; }
@@ -33,15 +33,15 @@ public:
 private:
     InputContext inner(InputContext context) const {
         context.path.push_back(key_);
-        if (!traits_.title.empty()) {
-            context.parentTitle = traits_.title;
+        if (!settings_.title.empty()) {
+            context.parentTitle = settings_.title;
         }
-        context.visibility = std::max(context.visibility, traits_.visibility);
+        context.visibility = std::max(context.visibility, settings_.visibility);
         return context;
     }
 
     std::string_view key_;
-    OptionGroupTraits traits_;
+    OptionGroupSettings settings_;
     Group group_;
 };
 

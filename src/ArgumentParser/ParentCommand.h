@@ -2,7 +2,7 @@
 #pragma once
 
 #include "ArgumentParser/ArgumentDecoder.h"
-#include "ArgumentParser/InputValue.h"
+#include "ArgumentParser/DecodedInput.h"
 
 namespace argumentparser {
 

@@ -1,6 +1,6 @@
 #include "ArgumentParser/ParsableCommand.h"
 
-#include "ArgumentParser/Exits.h"
+#include "ArgumentParser/CommandExit.h"
 
 namespace argumentparser {
 

@@ -1,14 +1,14 @@
 // The tool's own error type.
 #pragma once
 
-#include <exception>
 #include <string>
+
+#include "ArgumentParser/CommandExit.h"
 
 namespace orvane {
 
-/// A failure that ends the process with status 1; its text is what the user reads.
-class CLIError : public std::exception {
-public:
+/// What a command can fail of; its text is what the user reads.
+struct CLIError : argumentparser::CommandFailure {
     /// The exchange with the application failed in a way of its own.
     static CLIError communicationFailed(const std::string& message);
     static CLIError httpError(int code, const std::string& message);
@@ -17,12 +17,6 @@ public:
     static CLIError appNotRunning();
     static CLIError requestTimedOut();
     static CLIError connectionInterrupted();
-
-    const char* what() const noexcept override { return description_.c_str(); }
-
-private:
-    explicit CLIError(std::string description) : description_(std::move(description)) {}
-    std::string description_;
 };
 
 } // namespace orvane

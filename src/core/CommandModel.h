@@ -2,7 +2,7 @@
 #pragma once
 
 #include "ArgumentParser/Argument.h"
-#include "ArgumentParser/Exits.h"
+#include "ArgumentParser/CommandExit.h"
 #include "ArgumentParser/Flag.h"
 #include "ArgumentParser/Option.h"
 #include "ArgumentParser/OptionGroup.h"

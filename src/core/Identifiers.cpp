@@ -1,6 +1,6 @@
 #include "core/Identifiers.h"
 
-#include "ArgumentParser/Exits.h"
+#include "ArgumentParser/CommandExit.h"
 #include "core/CLIError.h"
 
 namespace orvane {

@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "ArgumentParser/DecodedInput.h"
 #include "ArgumentParser/ExpressibleByArgument.h"
-#include "ArgumentParser/InputValue.h"
 
 namespace orvane {
 
@@ -26,7 +26,7 @@ public:
     }
     /// The text of an optional input, left out when it wasn't given.
     template <class T>
-    QueryItems& addIfGiven(std::string_view key, const argumentparser::InputValue<std::optional<T>>& input) {
+    QueryItems& addIfGiven(std::string_view key, const argumentparser::DecodedInput<std::optional<T>>& input) {
         return input ? add(key, argumentparser::ArgumentValue<T>::defaultValueDescription(*input)) : *this;
     }
     /// A fixed text, left out unless the flag was given.

@@ -1,6 +1,6 @@
 #include "core/ServiceClient.h"
 
-#include "ArgumentParser/Exits.h"
+#include "ArgumentParser/CommandExit.h"
 #include "core/CLIError.h"
 #include "platform/HttpClient.h"
 #include "platform/Json.h"

@@ -11,7 +11,7 @@
 
 #include "ArgumentParser/Argument.h"
 #include "ArgumentParser/CommandParser.h"
-#include "ArgumentParser/Exits.h"
+#include "ArgumentParser/CommandExit.h"
 #include "ArgumentParser/Flag.h"
 #include "ArgumentParser/MessageInfo.h"
 #include "ArgumentParser/Option.h"

@@ -84,7 +84,7 @@ protected:
         try {
             readTextFile(path);
         } catch (const CLIError& error) {
-            return error.what();
+            return error.message;
         }
         return {};
     }

@@ -41,7 +41,7 @@ struct ValueShape<std::vector<T>> {
 /// An input that reads as its value: `limit < 1`, `*owner`, `if (owner)`. Reading a value that was neither decoded nor
 /// declared as a default ends the process.
 template <class T>
-class InputValue : public DeclaredInput {
+class DecodedInput : public DeclaredInput {
 public:
     using Shape = ValueShape<T>;
     using Element = typename Shape::Element;
@@ -66,10 +66,10 @@ public:
     explicit operator bool() const requires(Shape::isOptional) { return get().has_value(); }
 
 protected:
-    InputValue(ParsableArguments& owner, std::string_view key, std::optional<T> initial, const ArgumentHelp& help)
+    DecodedInput(ParsableArguments& owner, std::string_view key, std::optional<T> initial, const ArgumentHelp& help)
         : DeclaredInput(owner), key_(key.starts_with('_') ? key.substr(1) : key), default_(initial), help_(help),
           value_(std::move(initial)) {}
-    ~InputValue() = default;
+    ~DecodedInput() = default;
 
     std::string_view key() const { return key_; }
     const std::optional<T>& declaredDefault() const { return default_; }

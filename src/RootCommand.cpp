@@ -1,4 +1,4 @@
-#include "core/RootCommand.h"
+#include "RootCommand.h"
 
 #include "core/StatusCommands.h"
 #include "library/CheckIn.h"

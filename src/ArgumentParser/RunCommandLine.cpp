@@ -1,12 +1,13 @@
-#include "ArgumentParser/CommandLine.h"
+#include "ArgumentParser/RunCommandLine.h"
 
 #include <string>
 #include <vector>
 
+#include "ArgumentParser/CommandExit.h"
 #include "ArgumentParser/CommandParser.h"
-#include "ArgumentParser/Exits.h"
 #include "ArgumentParser/MessageInfo.h"
 #include "platform/Streams.h"
+#include "platform/TerminalText.h"
 #include "platform/Text.h"
 
 namespace argumentparser {
@@ -21,7 +22,8 @@ int reportError(const std::exception_ptr& error, const Tree& root) {
         return info.exitCode();
     }
     if (!info.isForStandardOutput()) {
-        platform::writeStandardError(text + "\n");
+        const bool isSeen = platform::isTerminal(platform::Stream::error);
+        platform::writeStandardError((isSeen ? platform::terminalText(text) : text) + "\n");
         return info.exitCode();
     }
     try {

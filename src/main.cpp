@@ -1,6 +1,6 @@
 // The process entry.
-#include "ArgumentParser/CommandLine.h"
-#include "core/RootCommand.h"
+#include "ArgumentParser/RunCommandLine.h"
+#include "RootCommand.h"
 #include "platform/Streams.h"
 
 int main(int argumentCount, char** arguments) {

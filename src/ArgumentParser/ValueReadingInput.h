@@ -2,8 +2,8 @@
 #pragma once
 
 #include "ArgumentParser/ArgumentHelp.h"
+#include "ArgumentParser/DecodedInput.h"
 #include "ArgumentParser/ExpressibleByArgument.h"
-#include "ArgumentParser/InputValue.h"
 
 namespace argumentparser {
 
@@ -13,23 +13,23 @@ using Transform = std::function<Element(std::string_view)>;
 
 /// The parts of a declaration that most inputs leave as they are.
 template <class Element>
-struct ValueTraits {
+struct ValueSettings {
     std::optional<ParsingStrategy> parsing = {};
     Transform<Element> transform = {};
     std::optional<CompletionKind> completion = {};
 };
 
 template <class T>
-class ValueInput : public InputValue<T> {
+class ValueReadingInput : public DecodedInput<T> {
 public:
     using Shape = ValueShape<T>;
     using Element = typename Shape::Element;
 
 protected:
-    ValueInput(ParsableArguments& owner, std::string_view key, std::optional<T> initial, const ArgumentHelp& help,
-               ValueTraits<Element> traits)
-        : InputValue<T>(owner, key, std::move(initial), help), traits_(std::move(traits)) {}
-    ~ValueInput() = default;
+    ValueReadingInput(ParsableArguments& owner, std::string_view key, std::optional<T> initial,
+                      const ArgumentHelp& help, ValueSettings<Element> settings)
+        : DecodedInput<T>(owner, key, std::move(initial), help), settings_(std::move(settings)) {}
+    ~ValueReadingInput() = default;
 
     ArgumentDefinition definition(const InputContext& context) const {
         const InputKey key = context.key(this->key());
@@ -38,10 +38,10 @@ protected:
             definition.help.allValueStrings = ArgumentValue<Element>::allValueStrings();
             definition.completion = ArgumentValue<Element>::defaultCompletionKind();
         }
-        if (traits_.completion) {
-            definition.completion = *traits_.completion;
+        if (settings_.completion) {
+            definition.completion = *settings_.completion;
         }
-        definition.parsingStrategy = traits_.parsing.value_or(ParsingStrategy::nextValue);
+        definition.parsingStrategy = settings_.parsing.value_or(ParsingStrategy::nextValue);
         definition.update = ArgumentDefinition::UnaryUpdate(
             [this, key](const InputOrigin& origin, const Name* name, std::string_view text, ParsedValues& values) {
                 if constexpr (Shape::isList) {
@@ -56,9 +56,9 @@ protected:
 private:
     Element read(const InputOrigin& origin, const Name* name, std::string_view text, const InputKey& key) const {
         UnableToParseValue failure{origin, name ? std::optional(*name) : std::nullopt, std::string(text), key, nullptr};
-        if (traits_.transform) {
+        if (settings_.transform) {
             try {
-                return traits_.transform(text);
+                return settings_.transform(text);
             } catch (...) {
                 failure.originalError = std::current_exception();
                 throw ParserError(std::move(failure));
@@ -96,7 +96,7 @@ private:
         return text;
     }
 
-    ValueTraits<Element> traits_;
+    ValueSettings<Element> settings_;
 };
 
 } // namespace argumentparser

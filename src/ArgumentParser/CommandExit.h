@@ -15,6 +15,11 @@ struct ValidationError {
     std::string message;
 };
 
+/// The command failed: the message is shown on one line or several, and the process ends with status 1.
+struct CommandFailure {
+    std::string message;
+};
+
 /// Ends the process with status 0 behind a text on standard output.
 struct CleanExit {
     struct HelpRequest {
