@@ -3,6 +3,8 @@
 set(Boost_USE_STATIC_LIBS ON)
 find_package(Boost 1.81 CONFIG REQUIRED COMPONENTS json)
 
+find_path(RAPIDJSON_INCLUDE_DIR NAMES rapidjson/reader.h REQUIRED)
+
 find_library(UTF8PROC_LIBRARY NAMES libutf8proc.a REQUIRED)
 find_path(UTF8PROC_INCLUDE_DIR NAMES utf8proc.h REQUIRED)
 add_library(utf8proc STATIC IMPORTED)

@@ -3,122 +3,226 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstring>
+#include <limits>
 #include <stdexcept>
 
-#include <boost/json/monotonic_resource.hpp>
-#include <boost/json/parser.hpp>
-#include <boost/json/serialize.hpp>
-#include <boost/json/value.hpp>
+#if defined(__SSE2__)
+#define RAPIDJSON_SSE2
+#elif defined(__aarch64__)
+#define RAPIDJSON_NEON
+#endif
+#include <rapidjson/reader.h>
+
+#include "platform/ByteScan.h"
+#include "platform/Text.h"
 
 namespace platform {
 
-namespace json = boost::json;
-
 namespace {
+
+using Kind = JsonNode::Kind;
 
 constexpr std::size_t levelLimit = 512;
 
-std::optional<std::vector<JsonObject>> objectsOf(const json::value& value) {
-    const json::array* array = value.if_array();
-    if (array == nullptr) {
-        return std::nullopt;
-    }
-    std::vector<JsonObject> objects;
-    objects.reserve(array->size());
-    for (const json::value& element : *array) {
-        const json::object* object = element.if_object();
-        if (object == nullptr) {
-            return std::nullopt;
+/// The reader looks at whole blocks of this many bytes, so as many stay readable behind the text.
+constexpr std::size_t blockSize = 16;
+
+struct LoneSurrogate {};
+
+/// UTF-8 for the escapes "\uXXXX", of which the reader lets the second half of a pair stand alone.
+struct Utf8 : rapidjson::UTF8<> {
+    template <class Output>
+    static void Encode(Output& output, unsigned codePoint) {
+        if (codePoint >= 0xD800 && codePoint <= 0xDFFF) {
+            throw LoneSurrogate();
         }
-        objects.emplace_back(*object);
+        rapidjson::UTF8<>::Encode(output, codePoint);
     }
-    return objects;
+};
+
+/// Collects the nodes from the reader's events; an event that answers false ends the reading.
+class NodeCollector {
+public:
+    explicit NodeCollector(std::vector<JsonNode>& nodes) : nodes_(nodes) {}
+
+    bool Null() { return add(Kind::null); }
+    bool Bool(bool value) { return add(value ? Kind::yes : Kind::no); }
+    bool RawNumber(const char* text, unsigned length, bool) { return add(Kind::number, text, length); }
+    bool String(const char* text, unsigned length, bool) { return add(Kind::text, text, length); }
+    bool Key(const char* text, unsigned length, bool) { return add(Kind::text, text, length); }
+    bool StartObject() { return open(Kind::object); }
+    bool EndObject(unsigned) { return close(); }
+    bool StartArray() { return open(Kind::array); }
+    bool EndArray(unsigned) { return close(); }
+
+    // Not called, for numbers come as their text.
+    bool Int(int) { return false; }
+    bool Uint(unsigned) { return false; }
+    bool Int64(std::int64_t) { return false; }
+    bool Uint64(std::uint64_t) { return false; }
+    bool Double(double) { return false; }
+
+private:
+    bool add(Kind kind, const char* text = nullptr, std::uint32_t length = 1) {
+        nodes_.push_back({text, length, kind});
+        return true;
+    }
+
+    bool open(Kind kind) {
+        if (level_ == levelLimit) {
+            return false;
+        }
+        starts_[level_++] = nodes_.size();
+        return add(kind);
+    }
+
+    bool close() {
+        const std::size_t start = starts_[--level_];
+        nodes_[start].length = static_cast<std::uint32_t>(nodes_.size() - start);
+        return true;
+    }
+
+    std::vector<JsonNode>& nodes_;
+    std::array<std::size_t, levelLimit> starts_;
+    std::size_t level_ = 0;
+};
+
+/// Control characters that JSON has no place for. The reader itself overlooks some inside texts.
+bool isStrayControl(unsigned char byte) {
+    return (byte < 0x20) & (byte != '\t') & (byte != '\n') & (byte != '\r');
 }
 
-std::optional<std::string_view> textOf(const json::value& value) {
-    const json::string* text = value.if_string();
-    return text == nullptr ? std::nullopt : std::optional(std::string_view(text->data(), text->size()));
+std::string_view description(rapidjson::ParseErrorCode error) {
+    switch (error) {
+    case rapidjson::kParseErrorDocumentRootNotSingular:
+        return "something follows its end";
+    case rapidjson::kParseErrorObjectMissName:
+        return "an object's key is missing";
+    case rapidjson::kParseErrorObjectMissColon:
+        return "the colon behind a key is missing";
+    case rapidjson::kParseErrorObjectMissCommaOrCurlyBracket:
+        return "a comma or } is missing in an object";
+    case rapidjson::kParseErrorArrayMissCommaOrSquareBracket:
+        return "a comma or ] is missing in an array";
+    case rapidjson::kParseErrorStringUnicodeEscapeInvalidHex:
+    case rapidjson::kParseErrorStringUnicodeSurrogateInvalid:
+    case rapidjson::kParseErrorStringEscapeInvalid:
+        return "malformed escape in a text";
+    case rapidjson::kParseErrorNumberTooBig:
+        return "a number is too large";
+    case rapidjson::kParseErrorTermination:
+        return "nested too deeply";
+    default:
+        return "malformed value";
+    }
 }
 
-std::optional<std::int64_t> integerOf(const json::value& value) {
-    if (const std::int64_t* integer = value.if_int64()) {
-        return *integer;
+std::size_t nodeCount(const JsonNode& node) {
+    return node.kind == Kind::array || node.kind == Kind::object ? node.length : 1;
+}
+
+std::string_view textOf(const JsonNode& node) {
+    return {node.text, node.length};
+}
+
+/// Calls `visit` with the key and the value of each member.
+template <class Visit>
+void forEachMember(const JsonNode& object, Visit visit) {
+    const JsonNode* const end = &object + object.length;
+    for (const JsonNode* key = &object + 1; key != end; key += 1 + nodeCount(key[1])) {
+        visit(textOf(key[0]), key[1]);
+    }
+}
+
+/// The last member of that key; null when there is none.
+const JsonNode* findMember(const JsonNode& object, std::string_view key) {
+    const JsonNode* found = nullptr;
+    forEachMember(object, [&](std::string_view name, const JsonNode& value) {
+        if (name == key) {
+            found = &value;
+        }
+    });
+    return found;
+}
+
+template <class Visit>
+void forEachElement(const JsonNode& array, Visit visit) {
+    const JsonNode* const end = &array + array.length;
+    for (const JsonNode* element = &array + 1; element != end; element += nodeCount(*element)) {
+        visit(*element);
+    }
+}
+
+std::optional<std::int64_t> integerOf(std::string_view number) {
+    const char* const end = number.data() + number.size();
+    std::int64_t integer = 0;
+    if (number.find_first_of(".eE") == std::string_view::npos) {
+        const auto result = std::from_chars(number.data(), end, integer);
+        return result.ec == std::errc() ? std::optional(integer) : std::nullopt;
     }
     // 2^63, exactly: the least number that no longer fits.
     constexpr double bound = 9223372036854775808.0;
-    const double* number = value.if_double();
-    if (number == nullptr || *number < -bound || *number >= bound) {
+    double value = 0;
+    const auto result = std::from_chars(number.data(), end, value);
+    if (result.ec != std::errc() || value < -bound || value >= bound) {
         return std::nullopt;
     }
-    const auto integer = static_cast<std::int64_t>(*number);
-    return static_cast<double>(integer) == *number ? std::optional(integer) : std::nullopt;
+    integer = static_cast<std::int64_t>(value);
+    return static_cast<double>(integer) == value ? std::optional(integer) : std::nullopt;
 }
-
-template <class... Format>
-void appendNumber(std::string& text, auto number, Format... format) {
-    std::array<char, 400> buffer;
-    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, format...);
-    text.append(buffer.data(), result.ptr);
-}
-
-void appendQuoted(std::string& text, std::string_view value) {
-    text += json::serialize(json::string_view(value.data(), value.size()));
-}
-
-void appendPretty(std::string& text, const json::value& value, std::size_t indent);
 
 template <class Elements, class AppendElement>
-void appendPrettyBlock(std::string& text, char open, char close, const Elements& elements, std::size_t indent,
+void appendPrettyBlock(std::string& json, char open, char close, const Elements& elements, std::size_t indent,
                        AppendElement appendElement) {
     constexpr std::size_t step = 2;
-    text += open;
+    json += open;
     const char* separator = "\n";
     for (const auto& element : elements) {
-        text += separator;
-        text.append(indent + step, ' ');
+        json += separator;
+        json.append(indent + step, ' ');
         appendElement(element, indent + step);
         separator = ",\n";
     }
     if (!elements.empty()) {
-        text += '\n';
-        text.append(indent, ' ');
+        json += '\n';
+        json.append(indent, ' ');
     }
-    text += close;
+    json += close;
 }
 
-void appendPretty(std::string& text, const json::value& value, std::size_t indent) {
-    switch (value.kind()) {
-    case json::kind::object: {
-        const json::object& object = value.get_object();
-        appendPrettyBlock(text, '{', '}', JsonObject(object).sortedKeys(), indent,
-                          [&](std::string_view key, std::size_t inner) {
-                              appendQuoted(text, key);
-                              text += ": ";
-                              appendPretty(text, *object.if_contains(key), inner);
-                          });
+void appendPretty(std::string& json, const JsonNode& node, std::size_t indent) {
+    switch (node.kind) {
+    case Kind::object: {
+        const JsonObject object(node);
+        appendPrettyBlock(json, '{', '}', object.sortedKeys(), indent, [&](std::string_view key, std::size_t inner) {
+            appendJsonQuoted(json, key);
+            json += ": ";
+            appendPretty(json, *findMember(node, key), inner);
+        });
         break;
     }
-    case json::kind::array:
-        appendPrettyBlock(text, '[', ']', value.get_array(), indent,
-                          [&](const json::value& element, std::size_t inner) { appendPretty(text, element, inner); });
+    case Kind::array: {
+        std::vector<const JsonNode*> elements;
+        forEachElement(node, [&](const JsonNode& element) { elements.push_back(&element); });
+        appendPrettyBlock(json, '[', ']', elements, indent,
+                          [&](const JsonNode* element, std::size_t inner) { appendPretty(json, *element, inner); });
         break;
-    case json::kind::string:
-        appendQuoted(text, *textOf(value));
+    }
+    case Kind::text:
+        appendJsonQuoted(json, textOf(node));
         break;
-    case json::kind::int64:
-        appendNumber(text, value.get_int64());
+    case Kind::number:
+        json += prettyJsonNumber(textOf(node));
         break;
-    case json::kind::uint64:
-        appendNumber(text, value.get_uint64());
+    case Kind::yes:
+        json += "true";
         break;
-    case json::kind::double_:
-        appendNumber(text, value.get_double(), std::chars_format::fixed);
+    case Kind::no:
+        json += "false";
         break;
-    case json::kind::bool_:
-        text += value.get_bool() ? "true" : "false";
-        break;
-    case json::kind::null:
-        text += "null";
+    case Kind::null:
+        json += "null";
         break;
     }
 }
@@ -126,24 +230,26 @@ void appendPretty(std::string& text, const json::value& value, std::size_t inden
 } // namespace
 
 std::optional<JsonValue> JsonObject::value(std::string_view key) const {
-    const json::value* value = object_->if_contains(key);
+    const JsonNode* value = findMember(*node_, key);
     return value == nullptr ? std::nullopt : std::optional(JsonValue(*value));
 }
 
 std::optional<std::string_view> JsonObject::text(std::string_view key) const {
-    const json::value* value = object_->if_contains(key);
-    return value == nullptr ? std::nullopt : textOf(*value);
+    const std::optional<JsonValue> found = value(key);
+    return found ? found->text() : std::nullopt;
 }
 
 std::optional<bool> JsonObject::boolean(std::string_view key) const {
-    const json::value* value = object_->if_contains(key);
-    const bool* boolean = value == nullptr ? nullptr : value->if_bool();
-    return boolean == nullptr ? std::nullopt : std::optional(*boolean);
+    const JsonNode* value = findMember(*node_, key);
+    if (value == nullptr || (value->kind != Kind::yes && value->kind != Kind::no)) {
+        return std::nullopt;
+    }
+    return value->kind == Kind::yes;
 }
 
 std::optional<std::int64_t> JsonObject::integer(std::string_view key) const {
-    const json::value* value = object_->if_contains(key);
-    return value == nullptr ? std::nullopt : integerOf(*value);
+    const JsonNode* value = findMember(*node_, key);
+    return value == nullptr || value->kind != Kind::number ? std::nullopt : integerOf(textOf(*value));
 }
 
 std::optional<JsonObject> JsonObject::object(std::string_view key) const {
@@ -152,91 +258,99 @@ std::optional<JsonObject> JsonObject::object(std::string_view key) const {
 }
 
 std::optional<std::vector<JsonObject>> JsonObject::objects(std::string_view key) const {
-    const json::value* value = object_->if_contains(key);
-    return value == nullptr ? std::nullopt : objectsOf(*value);
+    const std::optional<JsonValue> found = value(key);
+    return found ? found->objects() : std::nullopt;
 }
 
 std::vector<std::string_view> JsonObject::sortedKeys() const {
     std::vector<std::string_view> keys;
-    keys.reserve(object_->size());
-    for (const auto& pair : *object_) {
-        keys.emplace_back(pair.key().data(), pair.key().size());
-    }
+    forEachMember(*node_, [&](std::string_view key, const JsonNode&) { keys.push_back(key); });
     std::sort(keys.begin(), keys.end());
+    keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
     return keys;
 }
 
 std::optional<std::string_view> JsonValue::text() const {
-    return textOf(*value_);
+    return node_->kind == Kind::text ? std::optional(textOf(*node_)) : std::nullopt;
 }
 
 std::optional<JsonObject> JsonValue::object() const {
-    const json::object* object = value_->if_object();
-    return object == nullptr ? std::nullopt : std::optional(JsonObject(*object));
+    return node_->kind == Kind::object ? std::optional(JsonObject(*node_)) : std::nullopt;
 }
 
 std::optional<std::vector<JsonObject>> JsonValue::objects() const {
-    return objectsOf(*value_);
+    if (node_->kind != Kind::array) {
+        return std::nullopt;
+    }
+    std::vector<JsonObject> objects;
+    bool hasOthers = false;
+    forEachElement(*node_, [&](const JsonNode& element) {
+        hasOthers |= element.kind != Kind::object;
+        objects.emplace_back(element);
+    });
+    return hasOthers ? std::nullopt : std::optional(std::move(objects));
 }
 
 std::string JsonValue::prettyText() const {
-    std::string text;
-    appendPretty(text, *value_, 0);
-    return text;
+    std::string json;
+    appendPretty(json, *node_, 0);
+    return json;
 }
 
-struct JsonDocument::Storage {
-    json::monotonic_resource memory;
-    std::optional<json::value> root;
-};
-
-JsonDocument::JsonDocument(std::unique_ptr<Storage> storage) : storage_(std::move(storage)) {}
-JsonDocument::JsonDocument(JsonDocument&&) noexcept = default;
-JsonDocument& JsonDocument::operator=(JsonDocument&&) noexcept = default;
-JsonDocument::~JsonDocument() = default;
-
-std::unique_ptr<JsonDocument::Storage> JsonDocument::parsed(std::string_view text, std::string& problem) {
-    json::parse_options options;
-    options.max_depth = levelLimit;
-    json::parser parser(json::storage_ptr(), options);
-    auto storage = std::make_unique<Storage>();
-    parser.reset(&storage->memory);
-    json::error_code error;
-    parser.write(text.data(), text.size(), error);
-    if (error) {
-        problem = error.message();
-        return nullptr;
+std::optional<std::string> JsonDocument::read(std::string_view text) {
+    if (text.size() > std::numeric_limits<std::uint32_t>::max()) {
+        return "too large";
     }
-    storage->root.emplace(parser.release());
-    return storage;
+    const std::size_t plainSize =
+        findByte(text, 0, [](unsigned char byte) { return (byte >= 0x80) | isStrayControl(byte); });
+    const std::string_view rest = text.substr(plainSize);
+    if (findByte(rest, 0, isStrayControl) < rest.size()) {
+        return "unescaped control character";
+    }
+    if (!isValidUtf8(rest)) {
+        return "malformed UTF-8";
+    }
+    text_ = std::make_unique_for_overwrite<char[]>(text.size() + blockSize);
+    std::copy(text.begin(), text.end(), text_.get());
+    std::fill_n(text_.get() + text.size(), blockSize, '\0');
+    constexpr std::size_t averageNodeText = 16;
+    nodes_.reserve(text.size() / averageNodeText + 1);
+    NodeCollector collector(nodes_);
+    rapidjson::GenericReader<Utf8, Utf8> reader;
+    rapidjson::InsituStringStream stream(text_.get());
+    try {
+        constexpr unsigned flags = rapidjson::kParseInsituFlag | rapidjson::kParseNumbersAsStringsFlag;
+        const rapidjson::ParseResult result = reader.Parse<flags>(stream, collector);
+        if (!result.IsError()) {
+            return std::nullopt;
+        }
+        return std::string(result.Offset() == text.size() ? "incomplete JSON" : description(result.Code()));
+    } catch (const LoneSurrogate&) {
+        return std::string(description(rapidjson::kParseErrorStringUnicodeSurrogateInvalid));
+    }
 }
 
 std::optional<JsonDocument> JsonDocument::parse(std::string_view text) {
-    std::string problem;
-    std::unique_ptr<Storage> storage = parsed(text, problem);
-    return storage ? std::optional(JsonDocument(std::move(storage))) : std::nullopt;
+    JsonDocument document;
+    return document.read(text) ? std::nullopt : std::optional(std::move(document));
 }
 
 JsonDocument JsonDocument::parseOrThrow(std::string_view text) {
-    std::string problem;
-    std::unique_ptr<Storage> storage = parsed(text, problem);
-    if (!storage) {
-        throw std::runtime_error("The data is not valid JSON: " + problem + ".");
+    JsonDocument document;
+    if (const auto problem = document.read(text)) {
+        throw std::runtime_error("The data is not valid JSON: " + *problem + ".");
     }
-    return JsonDocument(std::move(storage));
+    return document;
 }
 
-std::optional<JsonDocument> JsonDocument::parseObject(std::string_view text) {
+std::optional<JsonObjectDocument> JsonDocument::parseObject(std::string_view text) {
+    // Only what can be an object is worth the copy.
+    const std::size_t start = text.find_first_not_of(" \t\n\r");
+    if (start == std::string_view::npos || text[start] != '{') {
+        return std::nullopt;
+    }
     std::optional<JsonDocument> document = parse(text);
-    return document && document->root().object() ? std::move(document) : std::nullopt;
-}
-
-JsonValue JsonDocument::root() const {
-    return JsonValue(*storage_->root);
-}
-
-JsonObject JsonDocument::object() const {
-    return JsonObject(storage_->root->get_object());
+    return document ? std::optional(JsonObjectDocument(*std::move(document))) : std::nullopt;
 }
 
 } // namespace platform

@@ -1,29 +1,20 @@
 #include "platform/JsonBody.h"
 
-#include <boost/json/serialize.hpp>
-#include <boost/json/string.hpp>
+#include "platform/Json.h"
 
 namespace platform {
-
-namespace {
-
-void appendQuoted(std::string& text, std::string_view value) {
-    text += boost::json::serialize(boost::json::string_view(value.data(), value.size()));
-}
-
-} // namespace
 
 void JsonBody::appendKey(std::string_view key) {
     if (text_.size() > 1) {
         text_ += ',';
     }
-    appendQuoted(text_, key);
+    appendJsonQuoted(text_, key);
     text_ += ':';
 }
 
 JsonBody& JsonBody::set(std::string_view key, std::string_view value) {
     appendKey(key);
-    appendQuoted(text_, value);
+    appendJsonQuoted(text_, value);
     return *this;
 }
 
@@ -42,7 +33,7 @@ JsonBody& JsonBody::set(std::string_view key, const std::vector<std::string>& va
         if (&value != &values.front()) {
             text_ += ',';
         }
-        appendQuoted(text_, value);
+        appendJsonQuoted(text_, value);
     }
     text_ += ']';
     return *this;

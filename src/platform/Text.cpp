@@ -6,14 +6,42 @@
 
 #include <utf8proc.h>
 
+#include "platform/ByteScan.h"
+
 namespace platform {
 
 namespace {
 
 constexpr std::string_view replacementCharacter = "\xEF\xBF\xBD";
 
+constexpr bool isNonAscii(unsigned char byte) {
+    return byte >= 0x80;
+}
+
 bool isAscii(std::string_view text) {
-    return std::all_of(text.begin(), text.end(), [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
+    return findByte(text, 0, isNonAscii) == text.size();
+}
+
+/// The length of the well-formed sequence at the front of `text`, which begins with a byte outside ASCII; 0 when it is
+/// malformed.
+std::size_t sequenceLength(std::string_view text) {
+    const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+    const auto continues = [&](std::size_t i) { return (byteAt(i) & 0xC0U) == 0x80; };
+    const unsigned char lead = byteAt(0);
+    if (lead < 0xE0) {
+        return lead >= 0xC2 && text.size() >= 2 && continues(1) ? 2 : 0;
+    }
+    // Neither overlong forms nor surrogates nor what lies beyond U+10FFFF.
+    if (lead < 0xF0) {
+        return text.size() >= 3 && continues(1) && continues(2) && (lead != 0xE0 || byteAt(1) >= 0xA0) &&
+                       (lead != 0xED || byteAt(1) < 0xA0)
+                   ? 3
+                   : 0;
+    }
+    return lead <= 0xF4 && text.size() >= 4 && continues(1) && continues(2) && continues(3) &&
+                   (lead != 0xF0 || byteAt(1) >= 0x90) && (lead != 0xF4 || byteAt(1) < 0x90)
+               ? 4
+               : 0;
 }
 
 struct Scalar {
@@ -216,12 +244,15 @@ std::string_view trimmed(std::string_view text) {
 }
 
 bool isValidUtf8(std::string_view bytes) {
-    while (!bytes.empty()) {
-        const Scalar scalar = firstScalar(bytes);
-        if (scalar.value < 0) {
-            return false;
-        }
-        bytes.remove_prefix(scalar.length);
+    std::size_t position = 0;
+    while ((position = findByte(bytes, position, isNonAscii)) < bytes.size()) {
+        do {
+            const std::size_t length = sequenceLength(bytes.substr(position));
+            if (length == 0) {
+                return false;
+            }
+            position += length;
+        } while (position < bytes.size() && isNonAscii(static_cast<unsigned char>(bytes[position])));
     }
     return true;
 }
