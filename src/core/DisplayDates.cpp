@@ -1,6 +1,6 @@
 #include "core/DisplayDates.h"
 
-#include <cstdio>
+#include <algorithm>
 
 #include "platform/Text.h"
 
@@ -8,18 +8,20 @@ namespace orvane {
 
 namespace {
 
+/// `number`, padded at its front to `width`.
+std::string padded(int number, std::size_t width, char padding) {
+    const std::string digits = std::to_string(number);
+    return std::string(width - std::min(width, digits.size()), padding) + digits;
+}
+
 std::string listingDate(platform::Instant date, platform::Instant now) {
     constexpr platform::Instant halfAYear = 15'768'000;
     constexpr platform::Instant anHour = 3'600;
     const platform::CivilTime time = platform::localTime(date);
     const bool isFar = now - date >= halfAYear || date - now >= anHour;
-    char text[64];
-    if (isFar) {
-        std::snprintf(text, sizeof text, " %2d  %04d", time.day, time.year);
-    } else {
-        std::snprintf(text, sizeof text, " %2d %02d:%02d", time.day, time.hour, time.minute);
-    }
-    return std::string(platform::monthAbbreviation(time.month)) + text;
+    return std::string(platform::monthAbbreviation(time.month)) + " " + padded(time.day, 2, ' ') +
+           (isFar ? "  " + padded(time.year, 4, '0')
+                  : " " + padded(time.hour, 2, '0') + ":" + padded(time.minute, 2, '0'));
 }
 
 /// `text` without its last blank-separated word, with single blanks between the others.

@@ -1,4 +1,7 @@
 #include "library/CheckIn.h"
+
+#include <algorithm>
+
 #include "platform/Text.h"
 
 namespace orvane {
@@ -74,6 +77,14 @@ void appendProfile(std::vector<std::string>& lines, const JsonObject& checkIn) {
     }
 }
 
+/// `text` on one line: each line end and tab becomes a blank.
+std::string folded(std::string_view text) {
+    std::string line(text);
+    std::replace_if(
+        line.begin(), line.end(), [](char byte) { return byte == '\n' || byte == '\r' || byte == '\t'; }, ' ');
+    return line;
+}
+
 void appendRecentActivity(std::vector<std::string>& lines, const JsonObject& checkIn) {
     const auto activity = checkIn.object("recentActivity");
     const auto documents = activity ? activity->objects("documents") : std::nullopt;
@@ -82,18 +93,19 @@ void appendRecentActivity(std::vector<std::string>& lines, const JsonObject& che
     }
     lines.insert(lines.end(), {"", "## Recent Activity"});
     for (const JsonObject& document : *documents) {
-        std::string line = "- ";
-        line.append(document.text("name").value_or("Untitled"));
-        line.append(" [").append(document.text("kind").value_or("unknown")).append("]");
-        if (const auto timestamp = document.text("displayTimestamp"); timestamp && !timestamp->empty()) {
-            line.append(" updated ").append(*timestamp);
+        const auto foldedText = [&](std::string_view key, std::string_view otherwise) {
+            return folded(document.text(key).value_or(otherwise));
+        };
+        std::string line = "- " + foldedText("name", "Untitled") + " [" + foldedText("kind", "unknown") + "]";
+        if (const std::string timestamp = foldedText("displayTimestamp", ""); !timestamp.empty()) {
+            line += " updated " + timestamp;
         }
         if (const auto id = document.text("id")) {
-            line.append(" id: ").append(*id);
+            line += " id: " + folded(*id);
         }
         lines.push_back(std::move(line));
-        if (const auto label = document.text("label"); label && !label->empty()) {
-            lines.push_back("  " + std::string(*label));
+        if (const std::string label = foldedText("label", ""); !label.empty()) {
+            lines.push_back("  " + label);
         }
     }
 }

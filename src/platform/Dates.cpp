@@ -37,17 +37,24 @@ public:
         }
     }
 
-    /// A decimal number of `least` to `most` digits.
-    int number(std::size_t least, std::size_t most) {
-        const std::size_t digits = std::min(text_.find_first_not_of("0123456789"), text_.size());
+    /// A decimal number of `minimum` to `maximum` digits.
+    int number(std::size_t minimum, std::size_t maximum) {
+        const std::size_t digits = digitCount();
         int value = 0;
-        if (failed_ || digits < least || digits > most) {
+        if (failed_ || digits < minimum || digits > maximum) {
             failed_ = true;
             return value;
         }
         std::from_chars(text_.data(), text_.data() + digits, value);
         text_.remove_prefix(digits);
         return value;
+    }
+
+    /// One digit or more, however many.
+    void expectDigits() {
+        const std::size_t digits = digitCount();
+        failed_ |= digits == 0;
+        text_.remove_prefix(digits);
     }
 
     /// The number, from 1, of the month at the front.
@@ -63,12 +70,28 @@ public:
     }
 
 private:
+    std::size_t digitCount() const { return std::min(text_.find_first_not_of("0123456789"), text_.size()); }
+
     std::string_view text_;
     bool failed_ = false;
 };
 
 std::chrono::year_month_day dateOf(const CivilTime& time) {
     return std::chrono::year(time.year) / time.month / time.day;
+}
+
+Instant instantOfUtc(const CivilTime& time) {
+    const auto instant = std::chrono::sys_days(dateOf(time)) + std::chrono::hours(time.hour) +
+                         std::chrono::minutes(time.minute) + std::chrono::seconds(time.second);
+    return instant.time_since_epoch() / std::chrono::seconds(1);
+}
+
+/// Unlike localtime and mktime, localtime_r does not look up the zone's file at every call.
+tm localFields(Instant instant) {
+    const time_t time = static_cast<time_t>(instant);
+    tm fields{};
+    ::localtime_r(&time, &fields);
+    return fields;
 }
 
 } // namespace
@@ -82,22 +105,19 @@ std::string_view monthAbbreviation(int month) {
 }
 
 CivilTime localTime(Instant instant) {
-    const time_t time = static_cast<time_t>(instant);
-    tm fields{};
-    ::localtime_r(&time, &fields);
+    const tm fields = localFields(instant);
     return {fields.tm_year + 1900, fields.tm_mon + 1, fields.tm_mday, fields.tm_hour, fields.tm_min, fields.tm_sec};
 }
 
 Instant instantOfLocalTime(const CivilTime& time) {
-    tm fields{};
-    fields.tm_year = time.year - 1900;
-    fields.tm_mon = time.month - 1;
-    fields.tm_mday = time.day;
-    fields.tm_hour = time.hour;
-    fields.tm_min = time.minute;
-    fields.tm_sec = time.second;
-    fields.tm_isdst = -1; // the zone's rules tell
-    return static_cast<Instant>(::mktime(&fields));
+    constexpr Instant day = 24 * 60 * 60;
+    const Instant utc = instantOfUtc(time);
+    // The zone's offset changes at most once in the two days around, and one of the two holds at the time looked for.
+    const Instant offsetBefore = localFields(utc - day).tm_gmtoff;
+    const Instant offsetAfter = localFields(utc + day).tm_gmtoff;
+    const bool isAfterChange = localFields(utc - offsetBefore).tm_gmtoff != offsetBefore;
+    const bool isSkipped = isAfterChange && localFields(utc - offsetAfter).tm_gmtoff != offsetAfter;
+    return utc - (isAfterChange && !isSkipped ? offsetAfter : offsetBefore);
 }
 
 std::optional<CivilTime> parseDisplayTime(std::string_view text) {
@@ -138,24 +158,26 @@ std::optional<Instant> parseIsoInstant(std::string_view text) {
     scanner.expect(":");
     time.second = scanner.number(2, 2);
     if (scanner.skip('.')) {
-        scanner.number(1, 9);
+        scanner.expectDigits();
     }
+    int offsetHours = 0;
     int offsetMinutes = 0;
+    bool isWest = false;
     if (!scanner.skip('Z')) {
-        const bool isWest = scanner.skip('-');
+        isWest = scanner.skip('-');
         if (!isWest) {
             scanner.expect("+");
         }
-        const int hours = scanner.number(2, 2);
+        offsetHours = scanner.number(2, 2);
         scanner.expect(":");
-        offsetMinutes = (hours * 60 + scanner.number(2, 2)) * (isWest ? -1 : 1);
+        offsetMinutes = scanner.number(2, 2);
     }
-    if (!scanner.isAtEnd() || !dateOf(time).ok() || time.hour > 23 || time.minute > 59 || time.second > 60) {
+    if (!scanner.isAtEnd() || !dateOf(time).ok() || time.hour > 23 || time.minute > 59 || time.second > 60 ||
+        offsetHours > 23 || offsetMinutes > 59) {
         return std::nullopt;
     }
-    const auto instant = std::chrono::sys_days(dateOf(time)) + std::chrono::hours(time.hour) +
-                         std::chrono::minutes(time.minute - offsetMinutes) + std::chrono::seconds(time.second);
-    return std::chrono::duration_cast<std::chrono::seconds>(instant.time_since_epoch()).count();
+    const Instant offset = (offsetHours * 60 + offsetMinutes) * 60;
+    return instantOfUtc(time) + (isWest ? offset : -offset);
 }
 
 } // namespace platform

@@ -28,7 +28,8 @@ std::string_view monthAbbreviation(int month);
 /// What the local clock shows at `instant`.
 CivilTime localTime(Instant instant);
 
-/// When the local clock shows `time`; the fields are in range.
+/// When the local clock shows `time`, the first time when it does so twice; the fields are in range. A time that the
+/// clock skips counts from before the change.
 Instant instantOfLocalTime(const CivilTime& time);
 
 /// "Mar 7, 2024, 2:05 PM": month, day, year and the time on a twelve-hour clock. Nothing for any other text.

@@ -88,9 +88,9 @@ private:
     std::size_t level_ = 0;
 };
 
-/// Control characters that JSON has no place for. The reader itself overlooks some inside texts.
-bool isStrayControl(unsigned char byte) {
-    return (byte < 0x20) & (byte != '\t') & (byte != '\n') & (byte != '\r');
+/// The control characters from 0x1A to 0x1F, which the reader's search for whole blocks overlooks inside texts.
+bool isOverlookedControl(unsigned char byte) {
+    return static_cast<unsigned char>(byte - 0x1A) < 6;
 }
 
 std::string_view description(rapidjson::ParseErrorCode error) {
@@ -297,14 +297,13 @@ std::string JsonValue::prettyText() const {
     return json;
 }
 
-std::optional<std::string> JsonDocument::read(std::string_view text) {
+std::optional<std::string_view> JsonDocument::read(std::string_view text) {
     if (text.size() > std::numeric_limits<std::uint32_t>::max()) {
         return "too large";
     }
-    const std::size_t plainSize =
-        findByte(text, 0, [](unsigned char byte) { return (byte >= 0x80) | isStrayControl(byte); });
-    const std::string_view rest = text.substr(plainSize);
-    if (findByte(rest, 0, isStrayControl) < rest.size()) {
+    const auto needsALook = [](unsigned char byte) { return (byte >= 0x80) | isOverlookedControl(byte); };
+    const std::string_view rest = text.substr(findByte(text, 0, needsALook));
+    if (findByte(rest, 0, isOverlookedControl) < rest.size()) {
         return "unescaped control character";
     }
     if (!isValidUtf8(rest)) {
@@ -321,13 +320,17 @@ std::optional<std::string> JsonDocument::read(std::string_view text) {
     try {
         constexpr unsigned flags = rapidjson::kParseInsituFlag | rapidjson::kParseNumbersAsStringsFlag;
         const rapidjson::ParseResult result = reader.Parse<flags>(stream, collector);
-        if (!result.IsError()) {
-            return std::nullopt;
+        if (result.IsError()) {
+            return result.Offset() == text.size() ? "incomplete JSON" : description(result.Code());
         }
-        return std::string(result.Offset() == text.size() ? "incomplete JSON" : description(result.Code()));
     } catch (const LoneSurrogate&) {
-        return std::string(description(rapidjson::kParseErrorStringUnicodeSurrogateInvalid));
+        return description(rapidjson::kParseErrorStringUnicodeSurrogateInvalid);
     }
+    // To the reader, a null byte is the end.
+    if (stream.Tell() < text.size()) {
+        return description(rapidjson::kParseErrorDocumentRootNotSingular);
+    }
+    return std::nullopt;
 }
 
 std::optional<JsonDocument> JsonDocument::parse(std::string_view text) {
@@ -338,7 +341,7 @@ std::optional<JsonDocument> JsonDocument::parse(std::string_view text) {
 JsonDocument JsonDocument::parseOrThrow(std::string_view text) {
     JsonDocument document;
     if (const auto problem = document.read(text)) {
-        throw std::runtime_error("The data is not valid JSON: " + *problem + ".");
+        throw std::runtime_error("The data is not valid JSON: " + std::string(*problem) + ".");
     }
     return document;
 }

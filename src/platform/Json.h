@@ -79,7 +79,7 @@ private:
     friend class JsonObjectDocument;
     JsonDocument() = default;
     /// What is wrong with `text`; nothing after success.
-    std::optional<std::string> read(std::string_view text);
+    std::optional<std::string_view> read(std::string_view text);
 
     std::unique_ptr<char[]> text_;
     std::vector<JsonNode> nodes_;

@@ -46,16 +46,18 @@ TEST(CheckIn, RendersTheBriefing) {
                       {"name":"empty","value":" \n"},
                       {"name":"noCards","value":[]},
                       {"name":"people","value":[{"role":"x","fullName":"Ann","age":3},{"n":1},{"b":"2","a":""}]},
-                      {"name":"odd","value":{"b":[1.5,1e21,true,null],"a":{}}},
+                      {"name":"odd","value":{"b":[1.50,1e20,185.25362004445742,true,null],"a":{}}},
                       {"name":"none"},{"value":"x"}]}})",
                 R"(\n## Profile\n### About Me\nLikes \"tea\"\n### Date Of Birth\n1990\n### People\n)"
                 R"(- Full Name: Ann; Role: x\n- B: 2\n### Odd\n{\n  \"a\": {},\n  \"b\": [\n    1.5,\n)"
-                R"(    1000000000000000000000,\n    true,\n    null\n  ]\n})"),
+                R"(    100000000000000000000,\n    185.25362004445742,\n    true,\n    null\n  ]\n})"),
         hookRow(R"({"profile":{"available":true,"sections":[]},"recentActivity":{"documents":[
                       {"name":"Plan","kind":"context","displayTimestamp":"Mar 7, 2024, 2:05 PM PST","id":"7f","label":"L"},
-                      {},{"name":1,"displayTimestamp":"","id":"","label":""}]}})",
+                      {},{"name":1,"displayTimestamp":"","id":"","label":""},
+                      {"name":"a\nb","kind":"c\r","displayTimestamp":"d\te","id":"f\n","label":"g\r\nh"}]}})",
                 R"(\n## Recent Activity\n- Plan [context] updated Mar 7, 2024, 2:05 PM PST id: 7f\n  L\n)"
-                R"(- Untitled [unknown]\n- Untitled [unknown] id: )"),
+                R"(- Untitled [unknown]\n- Untitled [unknown] id: \n)"
+                R"(- a b [c ] updated d e id: f \n  g  h)"),
         hookRow(R"({"profile":{"available":false,"sections":[{"name":"a","value":"b"}]}})", ""),
         hookRow(R"({"profile":{"available":true,"sections":[1]},"recentActivity":{"documents":[]}})", ""),
         hookRow("{}", ""),
