@@ -1,12 +1,14 @@
 #include "platform/Files.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
+#include <cstdio>
 #include <cstdlib>
-#include <system_error>
 #include <vector>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -15,12 +17,31 @@
 
 namespace platform {
 
+namespace {
+
+/// The home directory of the first user in the passwd file that `isWanted`; empty when there is none. A static C
+/// library can't ask the name services.
+template <class IsWanted>
+std::string homeFromUserFile(IsWanted isWanted) {
+    std::FILE* file = std::fopen("/etc/passwd", "re");
+    if (file == nullptr) {
+        return {};
+    }
+    const passwd* user = ::fgetpwent(file);
+    while (user != nullptr && !isWanted(*user)) {
+        user = ::fgetpwent(file);
+    }
+    std::fclose(file);
+    return user == nullptr ? std::string() : user->pw_dir;
+}
+
+} // namespace
+
 std::string homeDirectory() {
     if (const char* home = std::getenv("HOME"); home != nullptr && *home != '\0') {
         return home;
     }
-    const passwd* user = ::getpwuid(::getuid());
-    return user == nullptr ? std::string() : user->pw_dir;
+    return homeFromUserFile([](const passwd& user) { return user.pw_uid == ::getuid(); });
 }
 
 std::string expandTilde(std::string_view path) {
@@ -28,13 +49,9 @@ std::string expandTilde(std::string_view path) {
         return std::string(path);
     }
     const std::size_t end = std::min(path.find('/'), path.size());
-    const std::string user(path.substr(1, end - 1));
-    std::string home;
-    if (user.empty()) {
-        home = homeDirectory();
-    } else if (const passwd* entry = ::getpwnam(user.c_str())) {
-        home = entry->pw_dir;
-    }
+    const std::string_view name = path.substr(1, end - 1);
+    const std::string home =
+        name.empty() ? homeDirectory() : homeFromUserFile([&](const passwd& user) { return user.pw_name == name; });
     return home.empty() ? std::string(path) : home + std::string(path.substr(end));
 }
 
@@ -44,28 +61,36 @@ bool fileExists(const std::string& path) {
 }
 
 std::optional<std::string> readFile(const std::string& path) {
-    constexpr std::size_t leastRead = 64 * 1024;
     const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
     if (descriptor < 0) {
         return std::nullopt;
     }
-    struct stat status {};
     std::string text;
+    struct stat status {};
     if (::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode)) {
-        text.resize(static_cast<std::size_t>(status.st_size) + 1); // one more, to see the end without growing
+        text.reserve(static_cast<std::size_t>(status.st_size));
     }
-    std::size_t length = 0;
-    ssize_t count = 0;
-    do {
-        if (length == text.size()) {
-            text.resize(length + std::max(length, leastRead));
-        }
-        count = ::read(descriptor, text.data() + length, text.size() - length);
-        length += count > 0 ? static_cast<std::size_t>(count) : 0;
-    } while (count > 0 || (count < 0 && errno == EINTR));
+    const std::error_code error = readToEnd(descriptor, text);
     ::close(descriptor);
-    text.resize(length);
-    return count < 0 ? std::nullopt : std::optional(std::move(text));
+    return error ? std::nullopt : std::optional(std::move(text));
+}
+
+std::error_code readToEnd(int descriptor, std::string& text) {
+    // Through a buffer that stays in the cache: a text made larger to be read into is written to twice.
+    std::array<char, 64 * 1024> buffer;
+    while (true) {
+        const ssize_t count = ::read(descriptor, buffer.data(), buffer.size());
+        if (count > 0) {
+            text.append(buffer.data(), static_cast<std::size_t>(count));
+        } else if (count == 0) {
+            return {};
+        } else if (errno == EAGAIN) {
+            pollfd entry{descriptor, POLLIN, 0};
+            ::poll(&entry, 1, -1);
+        } else if (errno != EINTR) {
+            return {errno, std::generic_category()};
+        }
+    }
 }
 
 std::string currentDirectory() {

@@ -4,10 +4,11 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 namespace platform {
 
-/// The user's home directory: HOME, else what the user database says; empty when neither knows.
+/// The user's home directory: HOME, else what the passwd file says; empty when neither knows.
 std::string homeDirectory();
 
 /// `path` with a leading "~" or "~user" replaced by that home directory; unchanged when the user is unknown.
@@ -17,6 +18,9 @@ bool fileExists(const std::string& path);
 
 /// The whole file. Nothing when it can't be read, a directory included.
 std::optional<std::string> readFile(const std::string& path);
+
+/// Appends what `descriptor` still holds to `text`, waiting for it where there is nothing yet.
+std::error_code readToEnd(int descriptor, std::string& text);
 
 /// Throws std::system_error.
 std::string currentDirectory();

@@ -1,6 +1,5 @@
 #include "platform/Streams.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <system_error>
@@ -12,11 +11,11 @@
 #include <sys/uio.h>
 #include <unistd.h>
 
+#include "platform/Files.h"
+
 namespace platform {
 
 namespace {
-
-constexpr std::size_t readSize = 64 * 1024;
 
 void waitUntil(int descriptor, short event) {
     pollfd entry{descriptor, event, 0};
@@ -105,16 +104,10 @@ int terminalWidth() {
 
 std::string readStandardInput() {
     std::string text;
-    std::size_t length = 0;
-    while (true) {
-        text.resize(std::max(length + readSize, length * 2));
-        const std::size_t count = readSome(text.data() + length, text.size() - length);
-        if (count == 0) {
-            text.resize(length);
-            return text;
-        }
-        length += count;
+    if (const std::error_code error = readToEnd(STDIN_FILENO, text)) {
+        throw std::system_error(error, "Could not read standard input");
     }
+    return text;
 }
 
 std::string readStandardInputLine() {
