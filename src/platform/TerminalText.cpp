@@ -2,21 +2,19 @@
 
 #include <utf8proc.h>
 
+#include "platform/ByteScan.h"
+
 namespace platform {
 
 namespace {
 
-bool isControl(char32_t scalar) {
-    return scalar < 0x20 || (scalar >= 0x7F && scalar <= 0x9F);
+/// Control characters, the property Bidi_Control, and the separators of lines and paragraphs.
+bool steersTerminal(char32_t scalar) {
+    return scalar < 0x20 || (scalar >= 0x7F && scalar <= 0x9F) || scalar == 0x061C || scalar == 0x200E ||
+           scalar == 0x200F || (scalar >= 0x2028 && scalar <= 0x202E) || (scalar >= 0x2066 && scalar <= 0x2069);
 }
 
-/// The property Bidi_Control, and the separators of lines and paragraphs.
-bool isUnseen(char32_t scalar) {
-    return scalar == 0x061C || scalar == 0x200E || scalar == 0x200F || (scalar >= 0x2028 && scalar <= 0x202E) ||
-           (scalar >= 0x2066 && scalar <= 0x2069);
-}
-
-std::string writtenOut(char32_t scalar) {
+std::string visibleForm(char32_t scalar) {
     if (scalar < 0x80) {
         return {'^', static_cast<char>(scalar ^ 0x40U)};
     }
@@ -28,36 +26,38 @@ std::string writtenOut(char32_t scalar) {
     return text + ">";
 }
 
-template <class Stays>
-std::string shown(std::string_view text, Stays stays) {
+/// Copies what is harmless in runs. `isSuspicious` is true for every byte that a scalar to be replaced begins with.
+template <class IsSuspicious>
+std::string shown(std::string_view text, IsSuspicious isSuspicious) {
     std::string result;
     result.reserve(text.size());
-    while (!text.empty()) {
-        utf8proc_int32_t value = -1;
-        const auto length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
-                                             static_cast<utf8proc_ssize_t>(text.size()), &value);
-        const std::string_view bytes = text.substr(0, length > 0 ? static_cast<std::size_t>(length) : 1);
-        const auto scalar = static_cast<char32_t>(value);
-        if (value < 0) {
-            result += "\xEF\xBF\xBD";
-        } else if (!stays(scalar) && (isControl(scalar) || isUnseen(scalar))) {
-            result += writtenOut(scalar);
-        } else {
-            result += bytes;
+    std::size_t copied = 0;
+    std::size_t position = 0;
+    while ((position = findByte(text, position, isSuspicious)) < text.size()) {
+        utf8proc_int32_t scalar = -1;
+        const auto length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()) + position,
+                                             static_cast<utf8proc_ssize_t>(text.size() - position), &scalar);
+        const std::size_t end = position + (length > 0 ? static_cast<std::size_t>(length) : 1);
+        if (length <= 0 || steersTerminal(static_cast<char32_t>(scalar))) {
+            result.append(text.substr(copied, position - copied));
+            result += length <= 0 ? "\xEF\xBF\xBD" : visibleForm(static_cast<char32_t>(scalar));
+            copied = end;
         }
-        text.remove_prefix(bytes.size());
+        position = end;
     }
-    return result;
+    return result.append(text.substr(copied));
 }
 
 } // namespace
 
 std::string terminalText(std::string_view text) {
-    return shown(text, [](char32_t scalar) { return scalar == U'\n' || scalar == U'\t'; });
+    return shown(text, [](unsigned char byte) {
+        return (byte < '\t') | (static_cast<unsigned char>(byte - '\v') <= 0x1F - '\v') | (byte >= 0x7F);
+    });
 }
 
 std::string terminalLine(std::string_view text) {
-    return shown(text, [](char32_t) { return false; });
+    return shown(text, [](unsigned char byte) { return (byte < 0x20) | (byte >= 0x7F); });
 }
 
 } // namespace platform

@@ -14,8 +14,12 @@ namespace {
 
 constexpr std::string_view replacementCharacter = "\xEF\xBF\xBD";
 
-constexpr bool isNonAscii(unsigned char byte) {
+bool isNonAscii(unsigned char byte) {
     return byte >= 0x80;
+}
+
+bool startsNonAscii(std::string_view text) {
+    return !text.empty() && isNonAscii(static_cast<unsigned char>(text.front()));
 }
 
 bool isAscii(std::string_view text) {
@@ -51,17 +55,22 @@ struct Scalar {
 
 /// The scalar at the front of a non-empty text. A malformed byte counts as one scalar of its own.
 Scalar firstScalar(std::string_view text) {
-    const auto first = static_cast<unsigned char>(text.front());
-    if (first < 0x80) {
-        return {first, 1};
+    const auto bits = [&](std::size_t i, unsigned mask) {
+        return static_cast<utf8proc_int32_t>(static_cast<unsigned char>(text[i]) & mask);
+    };
+    if (!startsNonAscii(text)) {
+        return {bits(0, 0x7F), 1};
     }
-    utf8proc_int32_t value = -1;
-    const auto length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
-                                         static_cast<utf8proc_ssize_t>(text.size()), &value);
-    if (length <= 0) {
+    switch (sequenceLength(text)) {
+    case 2:
+        return {bits(0, 0x1F) << 6 | bits(1, 0x3F), 2};
+    case 3:
+        return {bits(0, 0x0F) << 12 | bits(1, 0x3F) << 6 | bits(2, 0x3F), 3};
+    case 4:
+        return {bits(0, 0x07) << 18 | bits(1, 0x3F) << 12 | bits(2, 0x3F) << 6 | bits(3, 0x3F), 4};
+    default:
         return {-1, 1};
     }
-    return {value, static_cast<std::size_t>(length)};
 }
 
 utf8proc_category_t category(std::string_view character) {
@@ -71,27 +80,32 @@ utf8proc_category_t category(std::string_view character) {
     return utf8proc_category(std::max(firstScalar(character).value, 0));
 }
 
-/// Calls `visit` with each character in turn until it answers false.
+/// The length of the character at the front of a non-empty text, in bytes.
+std::size_t firstCharacterLength(std::string_view text) {
+    if (!startsNonAscii(text) && !startsNonAscii(text.substr(1))) {
+        return text.starts_with("\r\n") ? 2 : 1;
+    }
+    utf8proc_int32_t state = 0;
+    Scalar scalar = firstScalar(text);
+    std::size_t length = scalar.length;
+    while (length < text.size()) {
+        const utf8proc_int32_t previous = scalar.value < 0 ? 0xFFFD : scalar.value;
+        scalar = firstScalar(text.substr(length));
+        if (utf8proc_grapheme_break_stateful(previous, scalar.value < 0 ? 0xFFFD : scalar.value, &state)) {
+            break;
+        }
+        length += scalar.length;
+    }
+    return length;
+}
+
+/// Calls `visit` with each character in turn.
 template <class Visit>
 void forEachCharacter(std::string_view text, Visit visit) {
-    std::size_t start = 0;
-    std::size_t position = 0;
-    utf8proc_int32_t previous = 0;
-    utf8proc_int32_t state = 0;
-    while (position < text.size()) {
-        const Scalar scalar = firstScalar(text.substr(position));
-        const utf8proc_int32_t value = scalar.value < 0 ? 0xFFFD : scalar.value;
-        if (position > 0 && utf8proc_grapheme_break_stateful(previous, value, &state)) {
-            if (!visit(text.substr(start, position - start))) {
-                return;
-            }
-            start = position;
-        }
-        previous = value;
-        position += scalar.length;
-    }
-    if (start < text.size()) {
-        visit(text.substr(start));
+    while (!text.empty()) {
+        const std::size_t length = firstCharacterLength(text);
+        visit(text.substr(0, length));
+        text.remove_prefix(length);
     }
 }
 
@@ -146,10 +160,7 @@ std::size_t characterCount(std::string_view text) {
         }
         return count;
     }
-    forEachCharacter(text, [&](std::string_view) {
-        ++count;
-        return true;
-    });
+    forEachCharacter(text, [&](std::string_view) { ++count; });
     return count;
 }
 
@@ -157,26 +168,17 @@ std::string_view firstCharacters(std::string_view text, std::size_t count) {
     if (count >= text.size()) {
         return text;
     }
-    std::size_t taken = 0;
     std::size_t length = 0;
-    forEachCharacter(text, [&](std::string_view character) {
-        if (taken == count) {
-            return false;
-        }
-        ++taken;
-        length += character.size();
-        return true;
-    });
+    for (std::size_t taken = 0; taken < count && length < text.size(); ++taken) {
+        length += firstCharacterLength(text.substr(length));
+    }
     return text.substr(0, length);
 }
 
 std::vector<std::string_view> splitCharacters(std::string_view text) {
     std::vector<std::string_view> characters;
     characters.reserve(text.size());
-    forEachCharacter(text, [&](std::string_view character) {
-        characters.push_back(character);
-        return true;
-    });
+    forEachCharacter(text, [&](std::string_view character) { characters.push_back(character); });
     return characters;
 }
 
@@ -219,7 +221,6 @@ std::string capitalized(std::string_view text) {
     forEachCharacter(text, [&](std::string_view character) {
         result += inWord ? lowercased(character) : uppercased(character);
         inWord = !isWhiteSpace(firstScalar(character).value);
-        return true;
     });
     return result;
 }
@@ -252,7 +253,7 @@ bool isValidUtf8(std::string_view bytes) {
                 return false;
             }
             position += length;
-        } while (position < bytes.size() && isNonAscii(static_cast<unsigned char>(bytes[position])));
+        } while (startsNonAscii(bytes.substr(position)));
     }
     return true;
 }

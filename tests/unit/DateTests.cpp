@@ -34,6 +34,10 @@ TEST_F(DisplayDates, OfTimestampsChooseTimeOrYear) {
         {"Sep 9, 2023, 2:00 PM EDT", "Sep  9  2023"},  // 182.5 days ago
         {"Dec 31, 1969, 11:59 PM EST", "Dec 31  1969"},
         {"Feb 29, 2024, 2:05 PM EST", "Feb 29 14:05"},
+        {"Nov 5, 2023, 12:30 AM EDT", "Nov  5 00:30"}, // the clocks go back
+        {"Nov 5, 2023, 1:30 AM EST", "Nov  5 01:30"},
+        {"Nov 5, 2023, 2:00 AM EST", "Nov  5 02:00"},
+        {"Jan 1, 987, 2:05 PM EST", "Jan  1  0987"},
     };
     for (const auto& [text, shown] : cases) {
         EXPECT_EQ(formatDisplayDate(text, now), shown) << text;
@@ -51,6 +55,11 @@ TEST_F(DisplayDates, OfInstantsAreEmptyForOtherTexts) {
         {"2024-03-07T19:05:59.123Z", "Mar  7 14:05"},
         {"2024-03-08T01:05:00+06:00", "Mar  7 14:05"},
         {"2024-03-07T14:05:00-05:00", "Mar  7 14:05"},
+        {"2024-03-07T19:05:59.1234567890123Z", "Mar  7 14:05"},
+        {"2024-03-08T19:04:00+23:59", "Mar  7 14:05"},
+        {"2024-03-06T19:06:00-23:59", "Mar  7 14:05"},
+        {"2024-03-08T19:05:00+24:00", ""},
+        {"2024-03-07T19:05:00+00:60", ""},
         {"1999-12-31T23:59:59Z", "Dec 31  1999"},
         {"", ""},
         {"2024-03-07", ""},
@@ -66,6 +75,17 @@ TEST_F(DisplayDates, OfInstantsAreEmptyForOtherTexts) {
     for (const auto& [text, shown] : cases) {
         EXPECT_EQ(formatISODisplayDate(text, now), shown) << text;
     }
+}
+
+TEST_F(DisplayDates, FollowTheClockThroughItsChanges) {
+    const auto instant = [](int hour, int minute, int day, int month) {
+        return platform::instantOfLocalTime({2024, month, day, hour, minute, 0});
+    };
+    EXPECT_EQ(instant(1, 59, 10, 3), 1'710'053'940);
+    EXPECT_EQ(instant(2, 30, 10, 3), 1'710'055'800); // skipped
+    EXPECT_EQ(instant(3, 0, 10, 3), 1'710'054'000);
+    EXPECT_EQ(instant(1, 30, 3, 11), 1'730'611'800); // the first of two
+    EXPECT_EQ(instant(2, 0, 3, 11), 1'730'617'200);
 }
 
 } // namespace

@@ -7,6 +7,8 @@
 #include "core/CLIError.h"
 #include "core/Rendering.h"
 #include "core/TextInput.h"
+#include "platform/Files.h"
+#include "platform/TerminalText.h"
 #include "platform/Text.h"
 #include "shell/TabTable.h"
 #include "shell/Vocabulary.h"
@@ -29,6 +31,8 @@ TEST(Characters, AreWhatPeopleCount) {
     EXPECT_EQ(firstCharacters("👩‍🌾e\u0301x", 2), "👩‍🌾e\u0301");
     EXPECT_EQ(firstCharacters("ab\r\nc", 3), "ab\r\n");
     EXPECT_EQ(firstCharacters("ab", 3), "ab");
+    EXPECT_EQ(firstCharacters("ae\u0301", 1), "a");
+    EXPECT_EQ(firstCharacters("🇩🇪🇫🇷🇬🇧", 2), "🇩🇪🇫🇷");
 }
 
 TEST(Text, IsTrimmedRepairedAndCapitalized) {
@@ -36,10 +40,38 @@ TEST(Text, IsTrimmedRepairedAndCapitalized) {
     EXPECT_EQ(trimmed("\u200Ba"), "\u200Ba");
     EXPECT_EQ(trimmed(" \u2003 "), "");
     EXPECT_EQ(repairedUtf8("a\xC3(\xE2\x82\xED\xA0\x80"), "a�(�����");
-    EXPECT_FALSE(isValidUtf8("\xED\xA0\x80"));
-    EXPECT_FALSE(isValidUtf8("\xC0\x80"));
-    EXPECT_TRUE(isValidUtf8("aé春🌱"));
+    for (const char* text : {"aé春🌱", "\xC2\x80", "\xDF\xBF", "\xE0\xA0\x80", "\xED\x9F\xBF", "\xEE\x80\x80",
+                             "\xEF\xBF\xBF", "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"}) {
+        EXPECT_TRUE(isValidUtf8(text) && isValidUtf8(std::string(100, 'a') + text + "b")) << text;
+        EXPECT_EQ(repairedUtf8(text), text);
+    }
+    for (const char* text :
+         {"\x80", "\xC1\xBF", "\xC2", "\xC2(", "\xE0\x9F\xBF", "\xED\xA0\x80", "\xE2\x82", "\xE2(\x82", "\xE2\x82(",
+          "\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xF0\x90\x80", "\xF0\x90\x80("}) {
+        EXPECT_FALSE(isValidUtf8(text) || isValidUtf8(std::string(100, 'a') + text)) << text;
+    }
     EXPECT_EQ(capitalized("job tITLE éa"), "Job Title Éa");
+}
+
+TEST(TerminalText, ShowsWhatWouldSteerATerminal) {
+    const std::vector<std::pair<std::string, std::string>> cases{
+        {"a\x1B[31mb\a\x1F", "a^[[31mb^G^_"},
+        {"\r\v\x7F", "^M^K^?"},
+        {"\u0080\u009B\u00A0", "<U+0080><U+009B>\u00A0"},
+        {"\u061C\u200E\u200F\u2028\u2029\u202A\u202E\u2066\u2069",
+         "<U+061C><U+200E><U+200F><U+2028><U+2029><U+202A><U+202E><U+2066><U+2069>"},
+        {"\u200D\u200C\u2027\u202F\u2065\u206A", "\u200D\u200C\u2027\u202F\u2065\u206A"},
+        {"👩‍🌾 می‌خواهم ~", "👩‍🌾 می‌خواهم ~"},
+        {"a\xFF\xE2\x80z", "a��"
+                           "�z"},
+    };
+    const std::string plain(100, 'x');
+    for (const auto& [text, shown] : cases) {
+        EXPECT_EQ(terminalLine(text), shown);
+        EXPECT_EQ(terminalText(plain + text + plain), plain + shown + plain);
+    }
+    EXPECT_EQ(terminalText("a\n\tb"), "a\n\tb");
+    EXPECT_EQ(terminalLine("a\n\tb"), "a^J^Ib");
 }
 
 TEST(SingleLine, FoldsTrimsAndCuts) {
@@ -104,6 +136,7 @@ TEST_F(TextFiles, LoseOneLineFeed) {
 TEST_F(TextFiles, FailInWordsOfTheirOwn) {
     EXPECT_EQ(failure("~/none"), "File not found: ~/none");
     EXPECT_EQ(failure("~nobody-of-that-name/x"), "File not found: ~nobody-of-that-name/x");
+    EXPECT_EQ(expandTilde("~root/x"), "/root/x");
     EXPECT_EQ(failure(directory), "Could not read file: " + directory);
     EXPECT_EQ(failure(write("a\xFF")), "Could not read file: ~/file");
 }
