@@ -53,6 +53,12 @@ TEST(Text, IsTrimmedRepairedAndCapitalized) {
     EXPECT_EQ(capitalized("job tITLE éa"), "Job Title Éa");
 }
 
+TEST(Text, IsSearchedToItsLastByte) {
+    for (std::size_t length = 0; length < 200; ++length) {
+        EXPECT_FALSE(isValidUtf8(std::string(length, 'a') + "\xFF" + std::string(200, 'a'))) << length;
+    }
+}
+
 TEST(TerminalText, ShowsWhatWouldSteerATerminal) {
     const std::vector<std::pair<std::string, std::string>> cases{
         {"a\x1B[31mb\a\x1F", "a^[[31mb^G^_"},
@@ -137,6 +143,7 @@ TEST_F(TextFiles, FailInWordsOfTheirOwn) {
     EXPECT_EQ(failure("~/none"), "File not found: ~/none");
     EXPECT_EQ(failure("~nobody-of-that-name/x"), "File not found: ~nobody-of-that-name/x");
     EXPECT_EQ(expandTilde("~root/x"), "/root/x");
+    EXPECT_NE(expandTilde("~nobody/x"), "/root/x");
     EXPECT_EQ(failure(directory), "Could not read file: " + directory);
     EXPECT_EQ(failure(write("a\xFF")), "Could not read file: ~/file");
 }
