@@ -8,54 +8,34 @@
 
 namespace {
 
-struct Options {
-    std::string dataFile;
-    std::uint16_t port = 44360;
-};
+constexpr std::uint16_t servicePort = 44360;
 
-std::optional<Options> readOptions(const std::vector<std::string_view>& arguments) {
-    Options options;
-    for (std::size_t at = 0; at < arguments.size(); ++at) {
-        const std::string_view argument = arguments[at];
-        if (argument == "--port" && at + 1 < arguments.size()) {
-            const std::string_view digits = arguments[++at];
-            const char* end = digits.data() + digits.size();
-            const auto [stop, error] = std::from_chars(digits.data(), end, options.port);
-            if (error != std::errc() || stop != end) {
-                return std::nullopt;
-            }
-        } else if (options.dataFile.empty() && !argument.empty() && !argument.starts_with('-')) {
-            options.dataFile = argument;
-        } else {
-            return std::nullopt;
-        }
-    }
-    if (options.dataFile.empty()) {
-        return std::nullopt;
-    }
-    return options;
+std::optional<std::uint16_t> parsePort(std::string_view text) {
+    std::uint16_t port = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), port);
+    return error == std::errc() && end == text.data() + text.size() ? std::optional(port) : std::nullopt;
 }
 
-void run(const Options& options) {
-    sample::Library library = sample::loadLibrary(options.dataFile);
-    const auto ready = [&](std::uint16_t port) {
+void run(const char* dataFile, std::uint16_t port) {
+    sample::Library library = sample::loadLibrary(dataFile);
+    sample::serve(library, port, [&](std::uint16_t taken) {
         std::printf("Sample library with %zu nodes at http://localhost:%u (Ctrl-C ends it)\n", library.nodes.size(),
-                    unsigned{port});
+                    unsigned{taken});
         std::fflush(stdout);
-    };
-    sample::serve(library, options.port, ready);
+    });
 }
 
 } // namespace
 
 int main(int count, char** words) {
-    const auto options = readOptions({words + 1, words + count});
-    if (!options) {
+    const bool withPort = count == 4 && std::string_view(words[2]) == "--port";
+    const auto port = withPort ? parsePort(words[3]) : servicePort;
+    if (!port || (count != 2 && !withPort)) {
         std::fputs("Usage: sample-library DATAFILE [--port N]\n", stderr);
         return 1;
     }
     try {
-        run(*options);
+        run(words[1], *port);
         return 0;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "sample-library: %s\n", error.what());
