@@ -3,11 +3,9 @@
 #include <boost/json.hpp>
 
 #include "handlers.h"
-#include "query.h"
+#include "tree.h"
 
 namespace sample {
-
-namespace json = boost::json;
 
 namespace {
 
@@ -28,7 +26,7 @@ std::string place(const Library& library, const Node& node) {
 
 } // namespace
 
-Response status(Library& library, const Request&) {
+json::value status(Library& library, const Request&) {
     const json::object& user = library.users.front();
     json::object body{{"status", "ok"}, {"cli_access", true}, {"authenticated", true}};
     body["user"] = {{"name", user.at("name")}, {"email", user.at("email")}};
@@ -39,27 +37,25 @@ Response status(Library& library, const Request&) {
     }
     Instant newest;
     for (const Node& node : library.nodes) {
-        newest = std::max(newest, parseInstant(text(node, "updatedAt")).value_or(Instant()));
+        newest = std::max(newest, instantUnder(node, "updatedAt").value_or(newest));
     }
-    if (!library.nodes.empty()) {
-        body["lastIngestionAt"] = displayTimestamp(newest);
-    }
-    if (const auto synced = parseInstant(text(library.account, "lastCloudSyncAt"))) {
+    body["lastIngestionAt"] = displayTimestamp(newest);
+    if (const auto synced = instantUnder(library.account, "lastCloudSyncAt")) {
         body["lastCloudSyncAt"] = displayTimestamp(*synced);
     }
-    return success(body);
+    return body;
 }
 
-Response whoami(Library& library, const Request&) {
+json::value whoami(Library& library, const Request&) {
     json::object body = library.users.front();
     body["authenticated"] = true;
     body["teams"] = accountValue(library, "teams");
     body["cloudSyncEnabled"] = accountValue(library, "cloudSyncEnabled");
-    return success(body);
+    return body;
 }
 
-Response checkIn(Library& library, const Request& request) {
-    const std::size_t limit = request.number("recentLimit", 10, 1, 25);
+json::value checkIn(Library& library, const Request& request) {
+    const std::size_t limit = request.number("recentLimit", 10);
     json::array recent;
     for (const Node* node : documents(library, nullptr)) {
         if (recent.size() == limit) {
@@ -72,8 +68,8 @@ Response checkIn(Library& library, const Request& request) {
                           {"label", "in " + place(library, *node)}});
     }
     const json::value profile = accountValue(library, "profile");
-    return success({{"profile", {{"available", profile.is_array()}, {"sections", profile}}},
-                    {"recentActivity", {{"documents", recent}}}});
+    return {{"profile", {{"available", profile.is_array()}, {"sections", profile}}},
+            {"recentActivity", {{"documents", recent}}}};
 }
 
 } // namespace sample

@@ -1,29 +1,33 @@
-// What the sample library does for each of its paths.
+// What the sample library does for each of its paths. A handler gives the answer's JSON, or throws RequestError.
 #pragma once
+
+#include <boost/json/value.hpp>
 
 #include "library.h"
 #include "request.h"
 
 namespace sample {
 
-Response status(Library& library, const Request& request);
-Response whoami(Library& library, const Request& request);
-Response checkIn(Library& library, const Request& request);
+namespace json = boost::json;
 
-Response listNodes(Library& library, const Request& request);
-Response readNode(Library& library, const Request& request);
-Response searchNodes(Library& library, const Request& request);
-Response searchContexts(Library& library, const Request& request);
+json::value status(Library& library, const Request& request);
+json::value whoami(Library& library, const Request& request);
+json::value checkIn(Library& library, const Request& request);
+
+json::value listNodes(Library& library, const Request& request);
+json::value readNode(Library& library, const Request& request);
+json::value searchNodes(Library& library, const Request& request);
+json::value searchContexts(Library& library, const Request& request);
 
 // The paths of contexts and of folders share those that are common to both.
-Response createContext(Library& library, const Request& request);
-Response createFolder(Library& library, const Request& request);
-Response editContext(Library& library, const Request& request);
-Response renameNode(Library& library, const Request& request);
-Response moveNode(Library& library, const Request& request);
-Response removeNode(Library& library, const Request& request);
+json::value createContext(Library& library, const Request& request);
+json::value createFolder(Library& library, const Request& request);
+json::value editContext(Library& library, const Request& request);
+json::value renameNode(Library& library, const Request& request);
+json::value moveNode(Library& library, const Request& request);
+json::value removeNode(Library& library, const Request& request);
 
-Response previewTranscriptRemoval(Library& library, const Request& request);
-Response removeTranscript(Library& library, const Request& request);
+json::value previewTranscriptRemoval(Library& library, const Request& request);
+json::value removeTranscript(Library& library, const Request& request);
 
 } // namespace sample

@@ -4,22 +4,24 @@
 #include <chrono>
 #include <optional>
 #include <string>
-#include <string_view>
 
 namespace sample {
 
-using Instant = std::chrono::sys_time<std::chrono::milliseconds>;
+using Instant = std::chrono::sys_seconds;
 
 /// Where in its day a date without a time stands.
 enum class DayEdge { first, last };
 
-/// Reads "2024-03-07", "2024-03-07T14:05", "2024-03-07T14:05:09.250Z" or "…+02:00". Without a zone it is UTC.
-std::optional<Instant> parseInstant(std::string_view text, DayEdge edge = DayEdge::first);
+Instant now();
 
-/// "Mar 7, 2024, 2:05 PM UTC".
+/// Reads "2024-03-07", "2024-03-07T14:05", "2024-03-07T14:05:09.250Z" or "…+02:00", without a zone as local time.
+/// Fractions of a second are dropped.
+std::optional<Instant> parseInstant(const std::string& text, DayEdge edge = DayEdge::first);
+
+/// "Mar 7, 2024, 2:05 PM PST", in the machine's zone.
 std::string displayTimestamp(Instant instant);
 
-/// "2024-03-07T14:05:09.250Z".
+/// "2024-03-07T14:05:09Z".
 std::string isoTimestamp(Instant instant);
 
 } // namespace sample

@@ -1,10 +1,7 @@
 #include "library.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
-#include <memory>
+#include <fstream>
 #include <stdexcept>
 
 #include <boost/json.hpp>
@@ -16,14 +13,10 @@ namespace json = boost::json;
 namespace {
 
 std::string readFile(const std::string& path) {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"), &std::fclose);
-    std::string content;
-    char block[16384];
-    while (const std::size_t count = file ? std::fread(block, 1, sizeof block, file.get()) : 0) {
-        content.append(block, count);
-    }
-    if (!file || std::ferror(file.get())) {
-        throw std::runtime_error(std::strerror(errno));
+    std::ifstream file(path, std::ios::binary);
+    std::string content(std::istreambuf_iterator<char>(file), {});
+    if (!file) {
+        throw std::runtime_error("it cannot be read");
     }
     return content;
 }
@@ -34,55 +27,69 @@ void require(bool condition, const std::string& complaint) {
     }
 }
 
+/// Gathers every text below `value` that is an instant, whatever it stands for.
+void findInstants(json::value& value, std::vector<json::string*>& found) {
+    if (json::object* object = value.if_object()) {
+        for (auto& member : *object) {
+            findInstants(member.value(), found);
+        }
+    } else if (json::array* array = value.if_array()) {
+        for (json::value& element : *array) {
+            findInstants(element, found);
+        }
+    } else if (json::string* text = value.if_string(); text && text->ends_with('Z') && parseInstant(text->c_str())) {
+        found.push_back(text);
+    }
+}
+
+void moveToPresent(json::value& root) {
+    std::vector<json::string*> times;
+    findInstants(root, times);
+    Instant newest;
+    for (const json::string* time : times) {
+        newest = std::max(newest, *parseInstant(time->c_str()));
+    }
+    const auto shift = now() - newest;
+    for (json::string* time : times) {
+        *time = isoTimestamp(*parseInstant(time->c_str()) + shift);
+    }
+}
+
 std::vector<json::object> takeObjects(json::object& object, std::string_view key) {
     const json::value* list = object.if_contains(key);
     require(list && list->is_array(), "it has no list of " + std::string(key));
     std::vector<json::object> found;
     for (const json::value& entry : list->get_array()) {
-        require(entry.is_object(), "its list of " + std::string(key) + " holds something else");
-        found.push_back(entry.get_object());
+        found.push_back(entry.as_object());
     }
     object.erase(key);
     return found;
 }
 
-void checkTexts(const json::object& object, std::initializer_list<std::string_view> keys) {
-    for (const std::string_view key : keys) {
-        require(!text(object, key).empty(), "an entry lacks its " + std::string(key) + ": " + json::serialize(object));
-    }
-}
-
 void checkNode(const Library& library, const Node& node) {
-    checkTexts(node, {"id", "owner", "name", "kind", "updatedAt"});
     const std::string id(text(node, "id"));
-    require(!library.findNode(id), "two nodes have the id " + id);
-    require(library.findUser(text(node, "owner")), "node " + id + " has an unknown owner");
-    require(text(node, "parentId").empty() || library.findNode(text(node, "parentId")),
-            "node " + id + " does not stand behind its parent");
-    for (const auto* key : {"updatedAt", "originalUpdatedAt", "originalCreatedAt"}) {
-        require(!node.contains(key) || parseInstant(text(node, key)), "node " + id + " has no usable " + key);
-    }
+    const std::string entry = "node " + id;
+    require(!id.empty() && !library.findNode(id), entry + " has no id of its own");
+    require(!text(node, "name").empty() && !text(node, "kind").empty(), entry + " has no name or no kind");
+    require(library.findUser(text(node, "owner")), entry + " has an unknown owner");
+    require(!node.contains("parentId") || library.findNode(text(node, "parentId")),
+            entry + " does not stand behind its parent");
+    require(instantUnder(node, "updatedAt").has_value(), entry + " has no usable updatedAt");
 }
 
 Library readLibrary(const std::string& content) {
     json::error_code error;
     json::value root = json::parse(content, error);
-    require(!error && root.is_object(), error ? "it is not valid JSON (" + error.message() + ")" : "it is no object");
+    require(!error && root.is_object(), "it is no JSON object" + (error ? " (" + error.message() + ")" : ""));
+    moveToPresent(root);
     Library library;
     library.account = root.get_object();
     library.users = takeObjects(library.account, "users");
     require(!library.users.empty(), "it has no users");
-    for (const json::object& user : library.users) {
-        checkTexts(user, {"id", "name", "email"});
-    }
     for (Node& node : takeObjects(library.account, "nodes")) {
         checkNode(library, node);
         library.nodes.push_back(std::move(node));
     }
-    const std::string_view rootId = text(library.account, "contextsRootId");
-    const Node* top = library.findNode(rootId);
-    require(rootId.empty() || (top && text(*top, "kind") == "integration_root" && text(*top, "parentId").empty()),
-            "its contextsRootId is not the id of an integration_root without a parent");
     return library;
 }
 
@@ -94,14 +101,23 @@ std::string_view text(const json::object& object, std::string_view key) {
     return found ? std::string_view(*found) : std::string_view();
 }
 
+std::optional<Instant> instantUnder(const json::object& object, std::string_view key) {
+    return parseInstant(std::string(text(object, key)));
+}
+
 bool isContainer(const Node& node) {
     const json::value* value = node.if_contains("isContainer");
     return value && *value == true;
 }
 
 Instant lastChange(const Node& node) {
-    const auto original = parseInstant(text(node, "originalUpdatedAt"));
-    return original ? *original : parseInstant(text(node, "updatedAt")).value_or(Instant());
+    const auto original = instantUnder(node, "originalUpdatedAt");
+    return original ? *original : instantUnder(node, "updatedAt").value_or(Instant());
+}
+
+void markChanged(Node& node) {
+    node["updatedAt"] = isoTimestamp(now());
+    node.erase("originalUpdatedAt");
 }
 
 const Node* Library::findNode(std::string_view id) const {

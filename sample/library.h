@@ -1,6 +1,6 @@
-// The library's content, kept as the JSON it is read from. In a file a node has the keys of the record that clients
-// see, its times in ISO-8601, and besides: "parentId", "owner" (a user's id), "text", a message's "mail", and a
-// session's "repo".
+// The library's content, kept as the JSON it is read from. A node has the keys of the record that clients see, its
+// times in ISO-8601, and besides: "parentId", "owner" (a user's id), "text", a message's "mail", and a session's
+// "repo".
 #pragma once
 
 #include <string>
@@ -28,12 +28,18 @@ struct Library {
 /// The text under `key`, empty when there is none.
 std::string_view text(const boost::json::object& object, std::string_view key);
 
+std::optional<Instant> instantUnder(const boost::json::object& object, std::string_view key);
+
 bool isContainer(const Node& node);
 
 /// When the node changed at its source, or else in the library.
 Instant lastChange(const Node& node);
 
-/// Throws std::runtime_error, with a message for the person at the terminal, when the file cannot be used.
+/// Gives the node the present time as its last change.
+void markChanged(Node& node);
+
+/// Reads a file, and shifts all of its instants by one duration so that the newest is now. Throws std::runtime_error,
+/// with a message for the person at the terminal, when the file cannot be used.
 Library loadLibrary(const std::string& path);
 
 } // namespace sample

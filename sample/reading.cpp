@@ -3,14 +3,14 @@
 
 #include <boost/json.hpp>
 
+#include "collection.h"
+#include "filter.h"
 #include "handlers.h"
-#include "parameters.h"
 #include "record.h"
 #include "text.h"
+#include "tree.h"
 
 namespace sample {
-
-namespace json = boost::json;
 
 namespace {
 
@@ -22,67 +22,85 @@ void requireMailParent(const NodeFilter& filter, const Node* parent) {
 }
 
 void sortAsRequested(NodeList& nodes, const Library& library, const Request& request, const Node* parent) {
-    const auto sort = request.text("sort");
-    if (sort && *sort != "updated") {
-        throw RequestError(400, "sort must be updated.");
-    }
     const bool named = parent && text(*parent, "id") == text(library.account, "contextsRootId");
-    if (named && !sort && !request.flag("recursive")) {
-        sortByName(nodes);
+    if (named && !request.text("sort") && !request.flag("recursive")) {
+        std::ranges::stable_sort(nodes, {}, [](const Node* node) { return fold(text(*node, "name")); });
     } else {
         sortNewestFirst(nodes);
     }
 }
 
+/// The part of a text that the request asks for: a number of lines, or of the chunks between blank lines, at its
+/// beginning and its end, or else a window of chunks. A chunk of a conversation is a message.
+json::object requestedRead(std::string_view text, const Request& request) {
+    constexpr std::size_t all = std::numeric_limits<std::size_t>::max();
+    const bool byLines = request.text("headLines") || request.text("tailLines");
+    const auto pieces = split(text, byLines ? "\n" : "\n\n");
+    const auto part = [&](std::size_t offset, std::size_t limit) {
+        const std::size_t first = std::min(offset, pieces.size());
+        const std::size_t last = first + std::min(limit, pieces.size() - first);
+        if (first == last) {
+            return json::object{{"content", ""}};
+        }
+        // A line keeps its line feed, a chunk goes without the blank line behind it.
+        const auto end = last == pieces.size() ? text.end() : byLines ? pieces[last].begin() : pieces[last - 1].end();
+        return json::object{{"content", std::string_view(pieces[first].begin(), end)}};
+    };
+    const std::size_t head = request.number(byLines ? "headLines" : "headLimit", 0);
+    const std::size_t tail = request.number(byLines ? "tailLines" : "tailLimit", 0);
+    json::object read;
+    if (request.flag("full")) {
+        read = part(0, all);
+    } else if (head == 0 && tail == 0) {
+        read = part(request.number("offset", 0), request.number("limit", all));
+    }
+    if (head > 0) {
+        read["head"] = part(0, head);
+    }
+    if (tail > 0) {
+        read["tail"] = part(pieces.size() - std::min(tail, pieces.size()), tail);
+    }
+    read["total"] = pieces.size();
+    return read;
+}
+
 } // namespace
 
-Response listNodes(Library& library, const Request& request) {
+json::value listNodes(Library& library, const Request& request) {
     const Node* parent = requestedParent(library, request);
-    const std::size_t limit = request.number("limit", 100, 1, 500);
-    const std::size_t offset = request.number("offset", 0, 0, 1'000'000'000);
     const NodeFilter filter = requestedFilter(library, request);
     requireMailParent(filter, parent);
     NodeList nodes = nodesBelow(library, parent, request.flag("recursive"));
     std::erase_if(nodes, [&](const Node* node) { return !matches(library, *node, filter); });
     sortAsRequested(nodes, library, request, parent);
 
+    const std::size_t first = std::min(request.number("offset", 0), nodes.size());
+    const std::size_t next = first + std::min(request.number("limit", 100), nodes.size() - first);
     json::array page;
-    for (std::size_t at = offset; at < std::min(offset + limit, nodes.size()); ++at) {
+    for (std::size_t at = first; at < next; ++at) {
         page.push_back(nodeRecord(library, *nodes[at]));
     }
-    const std::size_t next = offset + page.size();
-    json::object body{
-        {"returned", page.size()}, {"offset", offset}, {"total", nodes.size()}, {"hasMore", next < nodes.size()}};
+    json::object answer{{"returned", page.size()},
+                        {"offset", request.number("offset", 0)},
+                        {"total", nodes.size()},
+                        {"hasMore", next < nodes.size()}};
     if (next < nodes.size()) {
-        body["nextOffset"] = next;
+        answer["nextOffset"] = next;
     }
-    body["nodes"] = std::move(page);
-    return success(body);
+    answer["nodes"] = std::move(page);
+    return answer;
 }
 
-Response readNode(Library& library, const Request& request) {
-    constexpr std::size_t most = std::numeric_limits<std::size_t>::max();
-    const Node& node = knownNode(library, request.id());
-    const std::size_t head = request.number("headLines", 0, 1, most);
-    const std::size_t tail = request.number("tailLines", 0, 1, most);
-    const bool meta = request.flag("meta");
-    if ((head > 0) + (tail > 0) + meta + request.flag("full") > 1) {
-        throw RequestError(400, "Only one of full, headLines, tailLines and meta can be asked for.");
-    }
-    if (meta) {
-        return success(placedRecord(library, node));
+json::value readNode(Library& library, const Request& request) {
+    const Node& node = askedNode(library, request);
+    if (request.flag("meta")) {
+        return placedRecord(library, node);
     }
     json::object record = nodeRecord(library, node);
     if (!isContainer(node)) {
-        std::string content(text(node, "text"));
-        if (head > 0 || tail > 0) {
-            const auto lines = splitLines(text(node, "text"));
-            const std::size_t count = std::min(head + tail, lines.size());
-            content = joinLines(head > 0 ? std::span(lines).first(count) : std::span(lines).last(count));
-        }
-        record["read"] = {{"content", content}};
+        record["read"] = requestedRead(text(node, "text"), request);
     }
-    return success(record);
+    return record;
 }
 
 } // namespace sample

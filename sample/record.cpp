@@ -4,7 +4,8 @@
 
 #include <boost/json.hpp>
 
-#include "query.h"
+#include "filter.h"
+#include "tree.h"
 
 namespace sample {
 
@@ -19,8 +20,9 @@ json::object childCounts(const Library& library, const Node& node) {
         std::ranges::count_if(children, [](const Node* child) { return text(*child, "kind").ends_with("_folder"); });
     constexpr std::pair<const char*, const char*> groups[] = {
         {"transcripts", "transcript"}, {"notes", "notes"}, {"contexts", "context"}};
-    for (const auto& [key, group] : groups) {
-        counts[key] = std::ranges::count_if(children, [&](const Node* child) { return isOfKind(*child, group); });
+    for (const auto& group : groups) {
+        counts[group.first] =
+            std::ranges::count_if(children, [&](const Node* child) { return isOfKind(*child, group.second); });
     }
     return counts;
 }
@@ -41,7 +43,7 @@ json::object nodeRecord(const Library& library, const Node& node) {
                              {"email", owner.at("email")},
                              {"displayName", owner.at("name")}};
     for (const auto* key : {"updatedAt", "originalUpdatedAt", "originalCreatedAt"}) {
-        if (const auto instant = parseInstant(text(node, key))) {
+        if (const auto instant = instantUnder(node, key)) {
             record[key] = displayTimestamp(*instant);
         }
     }

@@ -1,11 +1,12 @@
-// What a client asks and what it is answered, free of the HTTP library.
+// What a client asks, free of the HTTP library.
 #pragma once
 
+#include <functional>
+#include <map>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include <boost/json/object.hpp>
@@ -15,27 +16,17 @@ namespace sample {
 struct Request {
     std::string method;
     std::vector<std::string> path; ///< The path's words between the slashes, decoded.
-    std::vector<std::pair<std::string, std::string>> query;
-    std::string body;
+    std::map<std::string, std::string, std::less<>> query;
+    boost::json::object body; ///< Empty when there is none.
 
     const std::string& id() const { return path.at(2); }
 
-    // What the query says under a key. A value that is not of the kind asked for throws RequestError.
+    // What the query says under a key.
     std::optional<std::string> text(std::string_view key) const;
     bool flag(std::string_view key) const;
-
-    /// The number under `key`, or `fallback` when it is not there.
-    std::size_t number(std::string_view key, std::size_t fallback, std::size_t smallest, std::size_t largest) const;
+    /// The number under `key`, or `fallback` when it is not there. Throws RequestError when it is no whole number.
+    std::size_t number(std::string_view key, std::size_t fallback) const;
 };
-
-struct Response {
-    unsigned status = 200;
-    std::string body;
-    std::string allow; ///< The methods that the path knows, when it does not know the one asked for.
-};
-
-Response success(const boost::json::object& body);
-Response refusal(unsigned status, std::string_view message);
 
 /// A refusal, thrown by whatever finds the reason.
 struct RequestError : std::runtime_error {
@@ -43,7 +34,7 @@ struct RequestError : std::runtime_error {
     unsigned status;
 };
 
-/// Takes a request line apart. Throws RequestError when its escapes are wrong or do not give UTF-8.
-Request parseRequest(std::string_view method, std::string_view target, std::string body);
+/// Takes a request apart. Throws RequestError when its body is no JSON object.
+Request parseRequest(std::string_view method, std::string_view target, std::string_view body);
 
 } // namespace sample

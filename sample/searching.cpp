@@ -1,17 +1,17 @@
 #include <algorithm>
-#include <cstdlib>
-#include <functional>
 
 #include <boost/json.hpp>
+#include <boost/uuid/name_generator_sha1.hpp>
+#include <boost/uuid/uuid_io.hpp>
 
+#include "collection.h"
+#include "filter.h"
 #include "handlers.h"
-#include "parameters.h"
 #include "record.h"
 #include "text.h"
+#include "tree.h"
 
 namespace sample {
-
-namespace json = boost::json;
 
 namespace {
 
@@ -26,12 +26,19 @@ Search requestedSearch(const Request& request) {
     Search search{.query = request.text("q").value_or(""),
                   .terms = {},
                   .literal = request.flag("literal"),
-                  .limit = request.number("limit", 10, 1, 500)};
+                  .limit = request.number("limit", 10)};
     search.terms = search.literal ? std::vector{fold(search.query)} : words(fold(search.query));
     if (words(search.query).empty()) {
         throw RequestError(400, "q must hold something to search for.");
     }
     return search;
+}
+
+/// Whether a node's name or text holds each of the terms.
+bool mentions(const Node& node, const std::vector<std::string>& terms) {
+    return std::ranges::all_of(terms, [&](const std::string& term) {
+        return containsFolded(text(node, "name"), term) || containsFolded(text(node, "text"), term);
+    });
 }
 
 NodeList hits(const Library& library, const Request& request, const Search& search, const NodeFilter& filter) {
@@ -41,72 +48,68 @@ NodeList hits(const Library& library, const Request& request, const Search& sear
     return found;
 }
 
+/// The same for the same line of the same node at every start.
+std::string sliceId(const Node& node, std::size_t line) {
+    const boost::uuids::name_generator_sha1 generator(boost::uuids::ns::oid());
+    return to_string(generator(std::string(text(node, "id")) + ":" + std::to_string(line)));
+}
+
+json::object result(const Library& library, const Node& node, const std::vector<std::string>& terms) {
+    constexpr std::size_t mostLines = 3;
+    const auto lines = split(text(node, "text"));
+    std::vector<std::string_view> shown; ///< The first few that hold a term, or else the very first.
+    std::size_t first = 0;
+    for (std::size_t at = 0; at < lines.size() && shown.size() < mostLines; ++at) {
+        if (std::ranges::any_of(terms, [&](const auto& term) { return containsFolded(lines[at], term); })) {
+            first = shown.empty() ? at : first;
+            shown.push_back(lines[at]);
+        }
+    }
+    if (shown.empty() && !lines.empty()) {
+        shown.push_back(lines.front());
+    }
+    json::object document = nodeRecord(library, node);
+    // Unlike a listing, a search gives the instant itself.
+    document["originalUpdatedAt"] = isoTimestamp(lastChange(node));
+    json::object result{{"nodeId", node.at("id")},         {"title", node.at("name")}, {"body", joinLines(shown)},
+                        {"sliceId", sliceId(node, first)}, {"modality", "text"},       {"document", document}};
+    if (const json::value* thread = node.if_contains("threadId")) {
+        result["threadId"] = *thread;
+    }
+    return result;
+}
+
 json::array results(const Library& library, const Search& search, const NodeList& found, std::size_t offset) {
     json::array page;
     for (std::size_t at = offset; at < found.size() && page.size() < search.limit; ++at) {
-        const Node& node = *found[at];
-        const Excerpt shown = excerpt(node, search.terms);
-        json::object document = nodeRecord(library, node);
-        // Unlike a listing, a search gives the instant itself.
-        document["originalUpdatedAt"] = isoTimestamp(lastChange(node));
-        json::object result{{"nodeId", node.at("id")},
-                            {"title", node.at("name")},
-                            {"body", shown.text},
-                            {"sliceId", std::string(text(node, "id")) + ":" + std::to_string(shown.line + 1)},
-                            {"modality", "text"},
-                            {"document", std::move(document)}};
-        if (const json::value* thread = node.if_contains("threadId")) {
-            result["threadId"] = *thread;
-        }
-        page.push_back(std::move(result));
+        page.push_back(result(library, *found[at], search.terms));
     }
     return page;
 }
 
-/// A token says where its page begins, and proves that it was made for the same search.
-std::string pageToken(const Request& request, std::size_t offset) {
-    std::string search;
-    for (const auto& [key, value] : request.query) {
-        if (key != "pageToken" && key != "cliVerb") {
-            search += key + '\0' + value + '\0';
-        }
-    }
-    return std::to_string(offset) + "-" + std::to_string(std::hash<std::string>()(std::to_string(offset) + search));
-}
-
-std::size_t requestedOffset(const Request& request) {
-    const auto token = request.text("pageToken");
-    // Too long a number overflows here and makes another token than the one given.
-    const std::size_t offset = token ? std::strtoul(token->c_str(), nullptr, 10) : 0;
-    if (token && *token != pageToken(request, offset)) {
-        throw RequestError(400, "The pageToken is not one of this search's; nothing else may differ between pages.");
-    }
-    return offset;
-}
-
 } // namespace
 
-Response searchContexts(Library& library, const Request& request) {
+json::value searchContexts(Library& library, const Request& request) {
     const Search search = requestedSearch(request);
     const NodeList found = hits(library, request, search, requestedFilter(library, request, "type", "current_user"));
-    return success({{"query", search.query}, {"results", results(library, search, found, 0)}});
+    return {{"query", search.query}, {"results", results(library, search, found, 0)}};
 }
 
-Response searchNodes(Library& library, const Request& request) {
+json::value searchNodes(Library& library, const Request& request) {
     constexpr std::size_t candidateLimit = 200;
     const Search search = requestedSearch(request);
-    const std::size_t offset = requestedOffset(request);
+    const std::size_t offset = request.number("pageToken", 0);
     NodeList found = hits(library, request, search, requestedFilter(library, request));
-    json::object body{{"exhaustive", search.literal}};
+    json::object answer{{"exhaustive", search.literal}};
     if (!search.literal) {
         found.resize(std::min(found.size(), candidateLimit));
-        body["candidateLimit"] = candidateLimit;
+        answer["candidateLimit"] = candidateLimit;
     }
+    answer["results"] = results(library, search, found, offset);
     if (offset + search.limit < found.size()) {
-        body["nextPageToken"] = pageToken(request, offset + search.limit);
+        answer["nextPageToken"] = std::to_string(offset + search.limit);
     }
-    body["results"] = results(library, search, found, offset);
-    return success(body);
+    return answer;
 }
 
 } // namespace sample

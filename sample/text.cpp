@@ -8,11 +8,6 @@
 
 namespace sample {
 
-bool isUtf8(std::string_view text) {
-    return utf8proc_decompose(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
-                              static_cast<utf8proc_ssize_t>(text.size()), nullptr, 0, utf8proc_option_t{}) >= 0;
-}
-
 std::string fold(std::string_view text) {
     utf8proc_uint8_t* mapped = nullptr;
     const auto options = static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE | UTF8PROC_CASEFOLD);
@@ -39,20 +34,12 @@ std::vector<std::string> words(std::string_view text, std::string_view separator
     return found;
 }
 
-std::vector<std::string_view> split(std::string_view text, char separator) {
+std::vector<std::string_view> split(std::string_view text, std::string_view separator) {
     std::vector<std::string_view> pieces;
-    for (std::size_t start = 0; start <= text.size(); start += pieces.back().size() + 1) {
+    for (std::size_t start = 0; start < text.size(); start += pieces.back().size() + separator.size()) {
         pieces.push_back(text.substr(start, text.find(separator, start) - start));
     }
     return pieces;
-}
-
-std::vector<std::string_view> splitLines(std::string_view text) {
-    auto lines = split(text, '\n');
-    if (lines.back().empty()) {
-        lines.pop_back();
-    }
-    return lines;
 }
 
 std::string joinLines(std::span<const std::string_view> lines) {

@@ -8,8 +8,6 @@
 
 namespace sample {
 
-bool isUtf8(std::string_view text);
-
 /// The text with case and the ways to write an accent evened out, for comparing and for sorting.
 std::string fold(std::string_view text);
 
@@ -19,11 +17,9 @@ bool containsFolded(std::string_view text, std::string_view folded);
 /// The pieces of the text between any of the separators, without the empty ones.
 std::vector<std::string> words(std::string_view text, std::string_view separators = " \t\r\n");
 
-/// The pieces of the text between the separators, one more than there are separators.
-std::vector<std::string_view> split(std::string_view text, char separator);
+/// The pieces of the text between the separators. A separator at the very end closes a piece and begins none.
+std::vector<std::string_view> split(std::string_view text, std::string_view separator = "\n");
 
-// The lines of a text without their line feeds. A line feed at the very end closes a line and begins none.
-std::vector<std::string_view> splitLines(std::string_view text);
 std::string joinLines(std::span<const std::string_view> lines);
 
 } // namespace sample

@@ -12,7 +12,7 @@
 
 namespace testsupport {
 
-SampleLibrary::SampleLibrary() {
+SampleLibrary::SampleLibrary(const std::string& zone) {
     std::array<int, 2> ready{};
     if (::pipe2(ready.data(), O_CLOEXEC) != 0) {
         throw std::system_error(errno, std::generic_category(), "pipe2");
@@ -22,7 +22,10 @@ SampleLibrary::SampleLibrary() {
     posix_spawn_file_actions_adddup2(&actions, ready[1], STDOUT_FILENO);
     std::array<char*, 3> arguments{const_cast<char*>(SAMPLE_LIBRARY_BINARY), const_cast<char*>(SAMPLE_LIBRARY_DATA),
                                    nullptr};
-    const int error = ::posix_spawn(&process_, SAMPLE_LIBRARY_BINARY, &actions, nullptr, arguments.data(), environ);
+    std::string variable = "TZ=" + zone;
+    std::array<char*, 2> environment{variable.data(), nullptr};
+    const int error =
+        ::posix_spawn(&process_, SAMPLE_LIBRARY_BINARY, &actions, nullptr, arguments.data(), environment.data());
     posix_spawn_file_actions_destroy(&actions);
     ::close(ready[1]);
     // Its first line says that it serves; without one it ended, and said why on standard error.
