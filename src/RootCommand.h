@@ -1,12 +1,10 @@
-// The root of the command tree.
+// The root of the command tree, which alone knows the families of commands.
 #pragma once
 
-#include "core/CommandModel.h"
+#include "ArgumentParser/CommandType.h"
 
 namespace orvane {
 
-struct OrvaneCLI final : ParsableCommand {
-    static CommandConfiguration configuration();
-};
+argumentparser::CommandType rootCommand();
 
 } // namespace orvane

@@ -5,6 +5,5 @@
 
 int main(int argumentCount, char** arguments) {
     platform::reserveStandardStreams();
-    return argumentparser::runCommandLine(argumentparser::CommandType::of<orvane::OrvaneCLI>(), argumentCount,
-                                          arguments);
+    return argumentparser::runCommandLine(orvane::rootCommand(), argumentCount, arguments);
 }

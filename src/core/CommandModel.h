@@ -3,6 +3,7 @@
 
 #include "ArgumentParser/Argument.h"
 #include "ArgumentParser/CommandExit.h"
+#include "ArgumentParser/FilePath.h"
 #include "ArgumentParser/Flag.h"
 #include "ArgumentParser/Option.h"
 #include "ArgumentParser/OptionGroup.h"
@@ -16,6 +17,7 @@ using argumentparser::CommandType;
 using argumentparser::customLong;
 using argumentparser::customShort;
 using argumentparser::ExitCode;
+using argumentparser::FilePath;
 using argumentparser::Flag;
 using argumentparser::longName;
 using argumentparser::Option;

@@ -1,7 +1,7 @@
 #include "core/Identifiers.h"
 
-#include "ArgumentParser/CommandExit.h"
 #include "core/CLIError.h"
+#include "platform/Text.h"
 
 namespace orvane {
 
@@ -20,15 +20,42 @@ bool isUUID(std::string_view text) {
     return true;
 }
 
-void requireUUID(std::string_view text) {
+void validateUUID(std::string_view text) {
     if (!isUUID(text)) {
-        throw CLIError::invalidInput("Invalid UUID: " + std::string(text));
+        throw ValidationError{"Invalid UUID: " + std::string(text)};
     }
 }
 
-void validateUUID(std::string_view text) {
+void requireUUID(std::string_view text, std::string_view what) {
     if (!isUUID(text)) {
-        throw argumentparser::ValidationError{"Invalid UUID: " + std::string(text)};
+        throw CLIError::invalidInput("Invalid " + std::string(what) + ": " + std::string(text));
+    }
+}
+
+std::string canonicalUUID(std::string_view text, std::string_view label) {
+    if (!isUUID(text)) {
+        throw ValidationError{std::string(label) + " must be a UUID."};
+    }
+    return platform::lowercased(text);
+}
+
+void validateUUIDIfGiven(const std::optional<std::string>& text, std::string_view label, std::string_view what) {
+    if (text && !isUUID(*text)) {
+        throw ValidationError{std::string(label) + " must be " + std::string(what) + "."};
+    }
+}
+
+void validateParentIfGiven(const std::optional<std::string>& parent) {
+    if (parent && !parent->starts_with("grp_")) {
+        validateUUIDIfGiven(parent, "parent", "a UUID or a grp_ group id");
+    }
+}
+
+void validateSources(const std::vector<std::string>& sources) {
+    for (const std::string& source : sources) {
+        if (!isUUID(source)) {
+            throw ValidationError{"Invalid source UUID: " + source};
+        }
     }
 }
 

@@ -1,7 +1,5 @@
 #include "core/Query.h"
 
-#include <algorithm>
-
 namespace orvane {
 
 namespace {
@@ -23,15 +21,28 @@ void appendEncoded(std::string& text, std::string_view value) {
 
 } // namespace
 
+QueryItems& QueryItems::add(std::string_view key, std::string_view value) {
+    if (!text_.empty()) {
+        text_ += '&';
+    }
+    appendEncoded(text_, key);
+    text_ += '=';
+    appendEncoded(text_, value);
+    return *this;
+}
+
+QueryItems& QueryItems::add(const QueryItems& items) {
+    if (!text_.empty() && !items.text_.empty()) {
+        text_ += '&';
+    }
+    text_ += items.text_;
+    return *this;
+}
+
 std::string buildQueryPath(std::string_view path, const QueryItems& items) {
     std::string text(path);
-    char separator = '?';
-    for (const auto& [key, value] : items.pairs()) {
-        text += separator;
-        appendEncoded(text, key);
-        text += '=';
-        appendEncoded(text, value);
-        separator = '&';
+    if (!items.text().empty()) {
+        text.append("?").append(items.text());
     }
     return text;
 }

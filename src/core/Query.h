@@ -3,11 +3,8 @@
 
 #include <string>
 #include <string_view>
-#include <utility>
-#include <vector>
 
-#include "ArgumentParser/DecodedInput.h"
-#include "ArgumentParser/ExpressibleByArgument.h"
+#include "core/CommandModel.h"
 
 namespace orvane {
 
@@ -15,15 +12,13 @@ namespace orvane {
 /// user gave it.
 class QueryItems {
 public:
-    QueryItems& add(std::string_view key, std::string_view value) {
-        pairs_.emplace_back(key, value);
-        return *this;
+    QueryItems& add(std::string_view key, std::string_view value);
+    /// The text of an input that always has a value.
+    template <class T>
+    QueryItems& add(std::string_view key, const argumentparser::DecodedInput<T>& input) {
+        return add(key, argumentparser::ArgumentValue<T>::defaultValueDescription(input.get()));
     }
-    QueryItems& add(std::string_view key, std::int64_t value) { return add(key, std::to_string(value)); }
-    QueryItems& add(const QueryItems& items) {
-        pairs_.insert(pairs_.end(), items.pairs_.begin(), items.pairs_.end());
-        return *this;
-    }
+    QueryItems& add(const QueryItems& items);
     /// The text of an optional input, left out when it wasn't given.
     template <class T>
     QueryItems& addIfGiven(std::string_view key, const argumentparser::DecodedInput<std::optional<T>>& input) {
@@ -34,13 +29,14 @@ public:
         return flag ? add(key, value) : *this;
     }
 
-    const std::vector<std::pair<std::string, std::string>>& pairs() const { return pairs_; }
+    /// The pairs as they stand in a path, percent-encoded: "key=value&key=value".
+    const std::string& text() const { return text_; }
 
 private:
-    std::vector<std::pair<std::string, std::string>> pairs_;
+    std::string text_;
 };
 
-/// `path` and the percent-encoded query of `items`; `path` alone when there are none.
+/// `path` and the query of `items`; `path` alone when there are none.
 std::string buildQueryPath(std::string_view path, const QueryItems& items);
 
 } // namespace orvane

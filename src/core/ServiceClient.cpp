@@ -1,10 +1,11 @@
 #include "core/ServiceClient.h"
 
-#include "ArgumentParser/CommandExit.h"
 #include "core/CLIError.h"
+#include "core/Style.h"
 #include "platform/HttpClient.h"
 #include "platform/Json.h"
 #include "platform/Streams.h"
+#include "platform/TerminalText.h"
 #include "platform/Text.h"
 
 namespace orvane {
@@ -13,7 +14,7 @@ namespace {
 
 constexpr std::string_view localServiceHost = "localhost";
 constexpr std::uint16_t localServicePort = 44360;
-constexpr int leastErrorStatus = 400;
+constexpr int firstErrorStatus = 400;
 
 CLIError clientError(const platform::HttpError& error) {
     switch (error.failure()) {
@@ -53,7 +54,7 @@ ServiceReply sendServiceRequest(ServiceRequest request) {
     http.host = localServiceHost;
     http.port = localServicePort;
     http.target = std::move(request.path);
-    http.idleTimeout = request.timeout;
+    http.idleTimeout = static_cast<double>(request.timeout.count());
     if (request.json) {
         http.body = std::move(*request.json);
         http.contentType = "application/json";
@@ -66,40 +67,43 @@ ServiceReply sendServiceRequest(ServiceRequest request) {
     }
 }
 
-ServiceReply serviceGet(std::string path, double timeout) {
+ServiceReply serviceGet(std::string path, std::chrono::seconds timeout) {
     return sendServiceRequest({.method = "GET", .path = std::move(path), .timeout = timeout});
 }
 
-ServiceReply servicePostJSON(std::string path, JsonBody body, double timeout) {
+ServiceReply servicePostJSON(std::string path, JsonBody body, std::chrono::seconds timeout) {
     return sendServiceRequest({"POST", std::move(path), std::move(body).finish(), timeout});
 }
 
-std::string servicePutJSON(std::string path, JsonBody body, double timeout) {
+std::string servicePutJSON(std::string path, JsonBody body, std::chrono::seconds timeout) {
     return successfulBody(sendServiceRequest({"PUT", std::move(path), std::move(body).finish(), timeout}));
 }
 
-std::string servicePatchJSON(std::string path, JsonBody body, double timeout) {
+std::string servicePatchJSON(std::string path, JsonBody body, std::chrono::seconds timeout) {
     return successfulBody(sendServiceRequest({"PATCH", std::move(path), std::move(body).finish(), timeout}));
 }
 
-std::string serviceDeleteJSON(std::string path, JsonBody body, double timeout) {
+std::string serviceDeleteJSON(std::string path, JsonBody body, std::chrono::seconds timeout) {
     return successfulBody(sendServiceRequest({"DELETE", std::move(path), std::move(body).finish(), timeout}));
 }
 
-std::string serviceDelete(std::string path, double timeout) {
+std::string serviceDelete(std::string path, std::chrono::seconds timeout) {
     return successfulBody(sendServiceRequest({.method = "DELETE", .path = std::move(path), .timeout = timeout}));
 }
 
 void failOnErrorStatus(const ServiceReply& reply) {
-    if (reply.status && *reply.status >= leastErrorStatus) {
+    if (reply.status && *reply.status >= firstErrorStatus) {
         reportErrorResponse(reply.data);
-        throw argumentparser::ExitCode{argumentparser::ExitCode::failure};
+        throw ExitCode{ExitCode::failure};
     }
 }
 
 void reportErrorResponse(std::string_view data) {
+    const std::string text = errorText(data);
     const bool isTerminal = platform::isTerminal(platform::Stream::error);
-    platform::writeStandardError((isTerminal ? "\x1B[31merror:\x1B[0m " : "error: ") + errorText(data) + "\n");
+    platform::writeStandardError(isTerminal
+                                     ? withStyle("error:", Style::red) + " " + platform::terminalText(text) + "\n"
+                                     : "error: " + text + "\n");
 }
 
 } // namespace orvane

@@ -1,18 +1,17 @@
 // The blocking client of the application's local service. No request carries a token, and none is retried.
 #pragma once
 
+#include <chrono>
 #include <optional>
 #include <string>
 #include <string_view>
 
-#include "platform/JsonBody.h"
+#include "core/JsonBody.h"
 
 namespace orvane {
 
-using platform::JsonBody;
-
-/// Seconds that most commands wait for the service.
-inline constexpr double standardTimeout = 30;
+/// How long nothing may move before a command gives up waiting for the service.
+inline constexpr std::chrono::seconds standardTimeout{30};
 
 struct ServiceReply {
     std::string data;          ///< The whole body; may be empty.
@@ -23,21 +22,21 @@ struct ServiceRequest {
     std::string_view method;
     std::string path; ///< Begins with "/api/", its query included and encoded.
     std::optional<std::string> json = {};
-    double timeout = standardTimeout; ///< Seconds without anything moving.
+    std::chrono::seconds timeout = standardTimeout;
 };
 
 /// The one round trip under all operations below. Throws CLIError.
 ServiceReply sendServiceRequest(ServiceRequest request);
 
 /// These leave the status to the caller, who calls failOnErrorStatus. Throw CLIError.
-ServiceReply serviceGet(std::string path, double timeout);
-ServiceReply servicePostJSON(std::string path, JsonBody body, double timeout);
+ServiceReply serviceGet(std::string path, std::chrono::seconds timeout = standardTimeout);
+ServiceReply servicePostJSON(std::string path, JsonBody body, std::chrono::seconds timeout = standardTimeout);
 
 /// These fail on an error status themselves and give the body. Throw CLIError, or ExitCode behind a reported error.
-std::string servicePutJSON(std::string path, JsonBody body, double timeout);
-std::string servicePatchJSON(std::string path, JsonBody body, double timeout);
-std::string serviceDeleteJSON(std::string path, JsonBody body, double timeout);
-std::string serviceDelete(std::string path, double timeout);
+std::string servicePutJSON(std::string path, JsonBody body, std::chrono::seconds timeout = standardTimeout);
+std::string servicePatchJSON(std::string path, JsonBody body, std::chrono::seconds timeout = standardTimeout);
+std::string serviceDeleteJSON(std::string path, JsonBody body, std::chrono::seconds timeout = standardTimeout);
+std::string serviceDelete(std::string path, std::chrono::seconds timeout = standardTimeout);
 
 /// Reports an answer of status 400 or above and throws ExitCode 1; any other passes.
 void failOnErrorStatus(const ServiceReply& reply);

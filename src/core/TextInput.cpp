@@ -7,19 +7,19 @@
 
 namespace orvane {
 
-std::string readWholeTextFile(const std::string& path) {
-    const std::string expanded = platform::expandTilde(path);
+std::string readWholeTextFile(const FilePath& path) {
+    const std::string expanded = platform::expandTilde(path.bytes);
     if (!platform::fileExists(expanded)) {
-        throw CLIError::invalidInput("File not found: " + path);
+        throw CLIError::invalidInput("File not found: " + path.bytes);
     }
     std::optional<std::string> text = platform::readFile(expanded);
     if (!text || !platform::isValidUtf8(*text)) {
-        throw CLIError::invalidInput("Could not read file: " + path);
+        throw CLIError::invalidInput("Could not read file: " + path.bytes);
     }
     return *std::move(text);
 }
 
-std::string readTextFile(const std::string& path) {
+std::string readTextFile(const FilePath& path) {
     std::string text = readWholeTextFile(path);
     if (text.ends_with('\n') && !text.ends_with("\r\n")) {
         text.pop_back();
@@ -27,27 +27,21 @@ std::string readTextFile(const std::string& path) {
     return text;
 }
 
-std::optional<std::string> readPipedText() {
+std::optional<std::string> readPipedBytes() {
     if (platform::isTerminal(platform::Stream::input)) {
         return std::nullopt;
     }
-    std::string text = platform::readStandardInput();
-    if (text.empty() || !platform::isValidUtf8(text)) {
-        return std::nullopt;
-    }
-    return text;
+    std::string bytes = platform::readStandardInput();
+    return bytes.empty() ? std::nullopt : std::optional(std::move(bytes));
 }
 
-void confirmDeletion(const std::string& message) {
-    if (!platform::isTerminal(platform::Stream::input)) {
-        throw CLIError::invalidInput("Deletion requires interactive confirmation from a terminal.");
-    }
-    platform::writeStandardOutput({message, "\nContinue? [y/N] "});
-    const std::string line = platform::readStandardInputLine();
-    const std::string answer = platform::lowercased(platform::trimmed(line));
-    if (answer != "y" && answer != "yes") {
-        throw CLIError::invalidInput("Deletion cancelled.");
-    }
+std::optional<std::string> readPipedText() {
+    std::optional<std::string> bytes = readPipedBytes();
+    return bytes && platform::isValidUtf8(*bytes) ? std::move(bytes) : std::nullopt;
+}
+
+std::string TextOrFile::read() const {
+    return file ? readTextFile(*file) : *text;
 }
 
 } // namespace orvane

@@ -1,24 +1,33 @@
-// Texts that a command takes from a file, a pipe or a person.
+// Texts that a command takes from the command line, a file or a pipe.
 #pragma once
 
 #include <optional>
 #include <string>
 
+#include "core/CommandModel.h"
+
 namespace orvane {
 
 /// The whole text of a file. A leading "~" or "~user" is expanded. Throws CLIError when there is no such file, it can't
 /// be read, or it is not valid UTF-8.
-std::string readWholeTextFile(const std::string& path);
+std::string readWholeTextFile(const FilePath& path);
 
 /// The same without one final line feed; a final CR LF stays.
-std::string readTextFile(const std::string& path);
+std::string readTextFile(const FilePath& path);
 
-/// All of standard input, unchanged. Nothing when it is a terminal (which is not waited for), empty, or not valid
-/// UTF-8.
+/// All of standard input, unchanged, valid or not. Nothing when it is a terminal (which is not waited for) or empty.
+std::optional<std::string> readPipedBytes();
+
+/// The same, but nothing when it is not valid UTF-8.
 std::optional<std::string> readPipedText();
 
-/// Shows `message` and asks at the terminal whether to go on; returns on "y" or "yes". Throws CLIError on any other
-/// answer, and without a terminal on standard input before anything is shown.
-void confirmDeletion(const std::string& message);
+/// A text that is given as itself or as a file's; a command sees to it that just one of the two is.
+struct TextOrFile {
+    const Option<std::optional<std::string>>& text;
+    const Option<std::optional<FilePath>>& file;
+
+    /// Throws CLIError as `readTextFile` does.
+    std::string read() const;
+};
 
 } // namespace orvane

@@ -1,16 +1,16 @@
-#include "library/CheckIn.h"
-
-#include "core/CLIError.h"
+// `check-in`: a compact view of the user and their recent work, for the start of an agent's session.
+#include "core/Answers.h"
+#include "core/Checks.h"
 #include "core/Query.h"
-#include "core/Rendering.h"
-#include "core/ServiceClient.h"
+#include "library/CheckInBriefing.h"
+#include "library/Library.h"
 #include "platform/Streams.h"
 
 namespace orvane {
 
 namespace {
 
-constexpr double checkInTimeout = 5; // it stands in the way of an agent's first turn
+constexpr std::chrono::seconds checkInTimeout{5}; // it stands in the way of an agent's first turn
 
 /// Prints the hook's envelope around the briefing, or nothing when there is nothing to tell.
 void printHookContext(const std::string& path) {
@@ -26,32 +26,40 @@ void printHookContext(const std::string& path) {
     }
     JsonBody context;
     context.set("hookEventName", "SessionStart").set("additionalContext", briefing);
-    platform::writeStandardOutput(JsonBody().set("hookSpecificOutput", context).text() + "\n");
+    JsonBody envelope;
+    envelope.set("hookSpecificOutput", context);
+    platform::writeStandardOutput({std::move(envelope).finish(), "\n"});
 }
+
+struct CheckIn final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "check-in", .abstract = "Load a compact Orvane check-in for agent session startup."};
+    }
+
+    Option<Integer> recentLimit{*this, "recent-limit", 10,
+                                "Maximum number of recent documents to include (default: 10, max: 25)."};
+    Flag<bool> hook{*this, "hook", "Print Claude Code/Codex hook additional context instead of raw JSON."};
+
+    void validate() const override { requireBetween("recent-limit", recentLimit, 1, 25); }
+
+    void run() const override {
+        const std::string path = buildQueryPath("/api/check-in", QueryItems().add("recentLimit", recentLimit));
+        if (!hook) {
+            passOnGet(path, checkInTimeout);
+            return;
+        }
+        try {
+            printHookContext(path);
+        } catch (...) {
+            // An agent's session must start whatever happens here.
+        }
+    }
+};
 
 } // namespace
 
-CommandConfiguration CheckIn::configuration() {
-    return {.commandName = "check-in", .abstract = "Load a compact Orvane check-in for agent session startup."};
-}
-
-void CheckIn::validate() const {
-    if (recentLimit < 1 || recentLimit > 25) {
-        throw ValidationError{"recent-limit must be between 1 and 25."};
-    }
-}
-
-void CheckIn::run() const {
-    const std::string path = buildQueryPath("/api/check-in", QueryItems().add("recentLimit", recentLimit));
-    if (!hook) {
-        printReply(serviceGet(path, checkInTimeout));
-        return;
-    }
-    try {
-        printHookContext(path);
-    } catch (...) {
-        // An agent's session must start whatever happens here.
-    }
+CommandType checkInCommand() {
+    return CommandType::of<CheckIn>();
 }
 
 } // namespace orvane

@@ -1,7 +1,6 @@
-#include "library/CheckIn.h"
+#include "library/CheckInBriefing.h"
 
-#include <algorithm>
-
+#include "core/SingleLine.h"
 #include "platform/Text.h"
 
 namespace orvane {
@@ -77,14 +76,6 @@ void appendProfile(std::vector<std::string>& lines, const JsonObject& checkIn) {
     }
 }
 
-/// `text` on one line: each line end and tab becomes a blank.
-std::string folded(std::string_view text) {
-    std::string line(text);
-    std::replace_if(
-        line.begin(), line.end(), [](char byte) { return byte == '\n' || byte == '\r' || byte == '\t'; }, ' ');
-    return line;
-}
-
 void appendRecentActivity(std::vector<std::string>& lines, const JsonObject& checkIn) {
     const auto activity = checkIn.object("recentActivity");
     const auto documents = activity ? activity->objects("documents") : std::nullopt;
@@ -94,14 +85,14 @@ void appendRecentActivity(std::vector<std::string>& lines, const JsonObject& che
     lines.insert(lines.end(), {"", "## Recent Activity"});
     for (const JsonObject& document : *documents) {
         const auto foldedText = [&](std::string_view key, std::string_view otherwise) {
-            return folded(document.text(key).value_or(otherwise));
+            return foldedLine(document.text(key).value_or(otherwise));
         };
         std::string line = "- " + foldedText("name", "Untitled") + " [" + foldedText("kind", "unknown") + "]";
         if (const std::string timestamp = foldedText("displayTimestamp", ""); !timestamp.empty()) {
             line += " updated " + timestamp;
         }
         if (const auto id = document.text("id")) {
-            line += " id: " + folded(*id);
+            line += " id: " + foldedLine(*id);
         }
         lines.push_back(std::move(line));
         if (const std::string label = foldedText("label", ""); !label.empty()) {

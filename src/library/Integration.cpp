@@ -1,27 +1,45 @@
-#include "library/Integration.h"
-
+// `integration`: the services that content comes from, the user's own and those shared by teams.
+#include "core/Answers.h"
 #include "core/Query.h"
-#include "core/Rendering.h"
-#include "core/ServiceClient.h"
+#include "library/Library.h"
 
 namespace orvane {
 
-CommandConfiguration Integration::configuration() {
-    return {
-        .abstract = "Inspect connected and team-shared integrations.",
-        .ungroupedSubcommands = {CommandType::of<IntegrationList>()},
-        .defaultSubcommand = CommandType::of<IntegrationList>(),
-    };
-}
+namespace {
 
-CommandConfiguration IntegrationList::configuration() {
-    return {.commandName = "list", .abstract = "List integrations with team and owner provenance."};
-}
+struct IntegrationList final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "list", .abstract = "List integrations with team and owner provenance."};
+    }
 
-void IntegrationList::run() const {
-    const QueryItems items =
-        QueryItems().addIfGiven("platform", platform).addIfGiven("status", status).addIfGiven("teamId", teamId);
-    printReply(serviceGet(buildQueryPath("/api/integrations", items), standardTimeout));
+    Option<std::optional<std::string>> platform{
+        *this, "platform", "Filter by provider platform, e.g. claude_code, codex, obsidian, local_folder."};
+    Option<std::optional<std::string>> status{*this, "status",
+                                              "Filter by integration status, e.g. active, remote, team_remote."};
+    Option<std::optional<std::string>> teamId{*this, "team-id", "Filter to integrations shared through one team ID."};
+
+    void run() const override {
+        passOnGet(buildQueryPath(
+            "/api/integrations",
+            QueryItems().addIfGiven("platform", platform).addIfGiven("status", status).addIfGiven("teamId", teamId)));
+    }
+};
+
+struct Integration final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {
+            .commandName = "integration",
+            .abstract = "Inspect connected and team-shared integrations.",
+            .ungroupedSubcommands = {CommandType::of<IntegrationList>()},
+            .defaultSubcommand = CommandType::of<IntegrationList>(),
+        };
+    }
+};
+
+} // namespace
+
+CommandType integrationCommand() {
+    return CommandType::of<Integration>();
 }
 
 } // namespace orvane

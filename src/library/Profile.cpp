@@ -1,14 +1,17 @@
-#include "library/Profile.h"
-
-#include "core/CLIError.h"
+// `profile`: the user's structured profile, made of scalar fields, Markdown texts and cards. Which sections and fields
+// there are is the service's to say.
+#include "core/Answers.h"
+#include "core/Checks.h"
 #include "core/Query.h"
-#include "core/Rendering.h"
-#include "core/ServiceClient.h"
 #include "core/TextInput.h"
+#include "library/Library.h"
 
 namespace orvane {
 
 namespace {
+
+constexpr const char* cardSectionHelp =
+    "The section: education, workExperience, connections, projects, decisions, expertise, upcoming.";
 
 /// The object that an option's JSON text holds. Throws CLIError, with `message`, for anything but an object of texts.
 JsonBody objectOfTexts(std::string_view json, const std::string& message) {
@@ -31,90 +34,133 @@ JsonBody objectOfTexts(std::string_view json, const std::string& message) {
     return object;
 }
 
+struct ProfileGet final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "get", .abstract = "Get the user's structured profile."};
+    }
+
+    Option<std::optional<std::string>> section{
+        *this, "section",
+        "Read a specific section: name, preferredName, dateOfBirth, email, phone, address, employer, jobTitle, "
+        "education, workExperience, connections, projects, decisions, expertise, upcoming, biography, communication, "
+        "personality."};
+
+    void run() const override {
+        passOnGet(buildQueryPath("/api/profile", QueryItems().addIfGiven("section", section)));
+    }
+};
+
+struct ProfileEditField final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "edit-field",
+                .abstract = "Update a scalar profile field (name, email, phone, employer, jobTitle, etc.)."};
+    }
+
+    Option<std::string> field{
+        *this, "field",
+        "The field to update: name, preferredName, dateOfBirth, email, phone, address, employer, jobTitle."};
+    Option<std::string> value{*this, "value", "The new value for the field."};
+
+    void run() const override {
+        JsonBody body;
+        body.set("field", field).set("value", value);
+        passOnPostJSON("/api/profile/edit-field", std::move(body));
+    }
+};
+
+struct ProfileEditText final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "edit-text",
+                .abstract = "Replace a markdown text section (biography, communication, personality)."};
+    }
+
+    Option<std::string> section{*this, "section", "The section to replace: biography, communication, personality."};
+    Option<std::optional<std::string>> content{*this, "content", "The new markdown content for the section."};
+    Option<std::optional<FilePath>> contentFile{
+        *this, "content-file",
+        "Path to a file containing the new markdown content. Mutually exclusive with --content."};
+
+    void validate() const override {
+        validateExactlyOne({content, contentFile}, {.none = "Provide either --content or --content-file.",
+                                                    .several = "Cannot use both --content and --content-file."});
+    }
+
+    void run() const override {
+        JsonBody body;
+        body.set("section", section).set("content", TextOrFile{content, contentFile}.read());
+        passOnPostJSON("/api/profile/edit-text", std::move(body));
+    }
+};
+
+struct ProfileAddCard final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "add-card", .abstract = "Add a new card to a structured section."};
+    }
+
+    Option<std::string> section{*this, "section", cardSectionHelp};
+    Option<std::string> fields{*this, "fields",
+                               R"(Card fields as a JSON object, e.g. '{"name":"Alice","shortDescription":"Friend"}'.)"};
+
+    void run() const override {
+        JsonBody body;
+        body.set("section", section)
+            .set("card", objectOfTexts(*fields, "--fields must be a valid JSON object with string values."));
+        passOnPostJSON("/api/profile/add-card", std::move(body));
+    }
+};
+
+struct ProfileUpdateCard final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "update-card",
+                .abstract = "Update specific fields on an existing card by section and index."};
+    }
+
+    Option<std::string> section{*this, "section", cardSectionHelp};
+    Option<Integer> index{*this, "index", "0-based index of the card to update."};
+    Option<std::string> updates{*this, "updates",
+                                R"(Fields to update as a JSON object, e.g. '{"description":"New description"}'.)"};
+
+    void run() const override {
+        JsonBody body;
+        body.set("section", section)
+            .set("index", index)
+            .set("updates", objectOfTexts(*updates, "--updates must be a valid JSON object with string values."));
+        passOnPostJSON("/api/profile/update-card", std::move(body));
+    }
+};
+
+struct ProfileRemoveCard final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "remove-card", .abstract = "Remove a card from a structured section by index."};
+    }
+
+    Option<std::string> section{*this, "section", cardSectionHelp};
+    Option<Integer> index{*this, "index", "0-based index of the card to remove."};
+
+    void run() const override {
+        JsonBody body;
+        body.set("section", section).set("index", index);
+        passOnPostJSON("/api/profile/remove-card", std::move(body));
+    }
+};
+
+struct Profile final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {
+            .commandName = "profile",
+            .abstract = "View and edit the user's structured profile.",
+            .ungroupedSubcommands = {CommandType::of<ProfileGet>(), CommandType::of<ProfileEditField>(),
+                                     CommandType::of<ProfileEditText>(), CommandType::of<ProfileAddCard>(),
+                                     CommandType::of<ProfileUpdateCard>(), CommandType::of<ProfileRemoveCard>()},
+            .defaultSubcommand = CommandType::of<ProfileGet>(),
+        };
+    }
+};
+
 } // namespace
 
-CommandConfiguration Profile::configuration() {
-    return {
-        .abstract = "View and edit the user's structured profile.",
-        .ungroupedSubcommands = {CommandType::of<ProfileGet>(), CommandType::of<ProfileEditField>(),
-                                 CommandType::of<ProfileEditText>(), CommandType::of<ProfileAddCard>(),
-                                 CommandType::of<ProfileUpdateCard>(), CommandType::of<ProfileRemoveCard>()},
-        .defaultSubcommand = CommandType::of<ProfileGet>(),
-    };
-}
-
-CommandConfiguration ProfileGet::configuration() {
-    return {.commandName = "get", .abstract = "Get the user's structured profile."};
-}
-
-void ProfileGet::run() const {
-    const QueryItems items = QueryItems().addIfGiven("section", section);
-    printReply(serviceGet(buildQueryPath("/api/profile", items), standardTimeout));
-}
-
-CommandConfiguration ProfileEditField::configuration() {
-    return {.commandName = "edit-field",
-            .abstract = "Update a scalar profile field (name, email, phone, employer, jobTitle, etc.)."};
-}
-
-void ProfileEditField::run() const {
-    JsonBody body;
-    body.set("field", *field).set("value", *value);
-    printReply(servicePostJSON("/api/profile/edit-field", std::move(body), standardTimeout));
-}
-
-CommandConfiguration ProfileEditText::configuration() {
-    return {.commandName = "edit-text",
-            .abstract = "Replace a markdown text section (biography, communication, personality)."};
-}
-
-void ProfileEditText::validate() const {
-    if (content && contentFile) {
-        throw ValidationError{"Cannot use both --content and --content-file."};
-    }
-    if (!content && !contentFile) {
-        throw ValidationError{"Provide either --content or --content-file."};
-    }
-}
-
-void ProfileEditText::run() const {
-    JsonBody body;
-    body.set("section", *section).set("content", contentFile ? readTextFile(*contentFile) : *content);
-    printReply(servicePostJSON("/api/profile/edit-text", std::move(body), standardTimeout));
-}
-
-CommandConfiguration ProfileAddCard::configuration() {
-    return {.commandName = "add-card", .abstract = "Add a new card to a structured section."};
-}
-
-void ProfileAddCard::run() const {
-    JsonBody body;
-    body.set("section", *section)
-        .set("card", objectOfTexts(*fields, "--fields must be a valid JSON object with string values."));
-    printReply(servicePostJSON("/api/profile/add-card", std::move(body), standardTimeout));
-}
-
-CommandConfiguration ProfileUpdateCard::configuration() {
-    return {.commandName = "update-card",
-            .abstract = "Update specific fields on an existing card by section and index."};
-}
-
-void ProfileUpdateCard::run() const {
-    JsonBody body;
-    body.set("section", *section)
-        .set("index", *index)
-        .set("updates", objectOfTexts(*updates, "--updates must be a valid JSON object with string values."));
-    printReply(servicePostJSON("/api/profile/update-card", std::move(body), standardTimeout));
-}
-
-CommandConfiguration ProfileRemoveCard::configuration() {
-    return {.commandName = "remove-card", .abstract = "Remove a card from a structured section by index."};
-}
-
-void ProfileRemoveCard::run() const {
-    JsonBody body;
-    body.set("section", *section).set("index", *index);
-    printReply(servicePostJSON("/api/profile/remove-card", std::move(body), standardTimeout));
+CommandType profileCommand() {
+    return CommandType::of<Profile>();
 }
 
 } // namespace orvane

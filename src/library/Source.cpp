@@ -1,12 +1,13 @@
-#include "library/Source.h"
-
+// `source`: the worlds that the library's content comes from. All checks are made before anything runs.
 #include <algorithm>
 
+#include "core/Answers.h"
+#include "core/Checks.h"
+#include "core/HelpTexts.h"
 #include "core/Identifiers.h"
-#include "core/Rendering.h"
-#include "core/ServiceClient.h"
+#include "library/Library.h"
+#include "library/ReadWindow.h"
 #include "platform/Text.h"
-#include "shell/Vocabulary.h"
 
 namespace orvane {
 
@@ -22,59 +23,82 @@ void validateSourceType(const std::string& type) {
     }
 }
 
+struct SourceList final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "list", .abstract = "List source groups or children of a source node."};
+    }
+
+    Option<std::optional<std::string>> parentId{*this, "parent-id", "Optional parent node UUID to list children for."};
+    Option<std::string> sourceType{
+        *this, "source-type", "all",
+        "Filter by source world: all, context, transcript, profile, notes, obsidian, document, local_folder, "
+        "sharepoint, memory, meeting, messaging, email. Provider-named meeting values are accepted only as "
+        "compatibility aliases."};
+    Option<std::optional<std::string>> since{
+        *this, "since", "Only include children updated at or after this date. Accepts ISO-8601 or yyyy-MM-dd."};
+    Option<std::optional<std::string>> until{
+        *this, "until",
+        "Only include children updated at or before this date. Accepts ISO-8601 or yyyy-MM-dd; date-only values "
+        "resolve to the local day's final second."};
+    Option<Integer> limit{*this, "limit", 100,
+                          "Maximum number of roots or children to return (default: 100, max: 500)."};
+    Option<std::optional<std::string>> owner{*this, "owner", ownOwnerHelp};
+
+    void validate() const override {
+        validateUUIDIfGiven(parentId, "parent-id");
+        validateSourceType(*sourceType);
+        validateLimit(limit);
+    }
+
+    void run() const override {
+        passOnGet(buildQueryPath("/api/sources", QueryItems()
+                                                     .add("sourceType", sourceType)
+                                                     .add("limit", limit)
+                                                     .addIfGiven("parentId", parentId)
+                                                     .addIfGiven("since", since)
+                                                     .addIfGiven("until", until)
+                                                     .addIfGiven("owner", owner)));
+    }
+};
+
+struct SourceGet final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "get", .abstract = "Read a source node by ID, including Obsidian notes."};
+    }
+
+    Argument<std::string> id{*this, "id", "The UUID of the source node."};
+    OptionGroup<ChunkPageOptions> page{*this, "page"};
+    OptionGroup<HeadTailOptions> ends{*this, "ends"};
+
+    void validate() const override {
+        validateUUID(*id);
+        if (page->offset) {
+            validateOffset(*page->offset);
+        }
+        if (page->limit && *page->limit < 1) {
+            throw ValidationError{"limit must be >= 1."};
+        }
+        ends->checkLimits();
+    }
+
+    void run() const override { passOnGet(buildQueryPath("/api/sources/" + *id, page->items().add(ends->items()))); }
+};
+
+struct Source final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {
+            .commandName = "source",
+            .abstract = "Browse available source worlds and folder-like source nodes.",
+            .ungroupedSubcommands = {CommandType::of<SourceList>(), CommandType::of<SourceGet>()},
+            .defaultSubcommand = CommandType::of<SourceList>(),
+        };
+    }
+};
+
 } // namespace
 
-CommandConfiguration Source::configuration() {
-    return {
-        .abstract = "Browse available source worlds and folder-like source nodes.",
-        .ungroupedSubcommands = {CommandType::of<SourceList>(), CommandType::of<SourceGet>()},
-        .defaultSubcommand = CommandType::of<SourceList>(),
-    };
-}
-
-CommandConfiguration SourceList::configuration() {
-    return {.commandName = "list", .abstract = "List source groups or children of a source node."};
-}
-
-void SourceList::validate() const {
-    if (parentId && !isUUID(*parentId)) {
-        throw ValidationError{"parent-id must be a UUID."};
-    }
-    validateSourceType(*sourceType);
-    validateLimit(limit);
-}
-
-void SourceList::run() const {
-    const QueryItems items = QueryItems()
-                                 .add("sourceType", *sourceType)
-                                 .add("limit", limit)
-                                 .addIfGiven("parentId", parentId)
-                                 .addIfGiven("since", since)
-                                 .addIfGiven("until", until)
-                                 .addIfGiven("owner", owner);
-    printReply(serviceGet(buildQueryPath("/api/sources", items), standardTimeout));
-}
-
-CommandConfiguration SourceGet::configuration() {
-    return {.commandName = "get", .abstract = "Read a source node by ID, including Obsidian notes."};
-}
-
-void SourceGet::validate() const {
-    validateUUID(*id);
-    if (page->offset) {
-        validateOffset(*page->offset);
-    }
-    if (page->limit && *page->limit < 1) {
-        throw ValidationError{"limit must be >= 1."};
-    }
-    if (const auto fault = headTailFault(*ends)) {
-        throw ValidationError{*fault};
-    }
-}
-
-void SourceGet::run() const {
-    const QueryItems items = chunkPageItems(*page).add(headTailItems(*ends));
-    printReply(serviceGet(buildQueryPath("/api/sources/" + *id, items), standardTimeout));
+CommandType sourceCommand() {
+    return CommandType::of<Source>();
 }
 
 } // namespace orvane

@@ -1,24 +1,34 @@
-#include "library/Team.h"
-
-#include "core/Rendering.h"
-#include "core/ServiceClient.h"
+// `team`: the teams that the account belongs to.
+#include "core/Answers.h"
+#include "library/Library.h"
 
 namespace orvane {
 
-CommandConfiguration Team::configuration() {
-    return {
-        .abstract = "Inspect Orvane teams available to this account.",
-        .ungroupedSubcommands = {CommandType::of<TeamList>()},
-        .defaultSubcommand = CommandType::of<TeamList>(),
-    };
-}
+namespace {
 
-CommandConfiguration TeamList::configuration() {
-    return {.commandName = "list", .abstract = "List teams, members, and shared resources."};
-}
+struct TeamList final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "list", .abstract = "List teams, members, and shared resources."};
+    }
 
-void TeamList::run() const {
-    printReply(serviceGet("/api/teams", standardTimeout));
+    void run() const override { passOnGet("/api/teams"); }
+};
+
+struct Team final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {
+            .commandName = "team",
+            .abstract = "Inspect Orvane teams available to this account.",
+            .ungroupedSubcommands = {CommandType::of<TeamList>()},
+            .defaultSubcommand = CommandType::of<TeamList>(),
+        };
+    }
+};
+
+} // namespace
+
+CommandType teamCommand() {
+    return CommandType::of<Team>();
 }
 
 } // namespace orvane

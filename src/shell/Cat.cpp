@@ -1,63 +1,34 @@
-#include "shell/Cat.h"
-
+// `cat`: the whole text of a node.
 #include "core/Identifiers.h"
 #include "core/Query.h"
-#include "shell/NodeReading.h"
+#include "shell/NodeText.h"
+#include "shell/Shell.h"
 
 namespace orvane {
 
 namespace {
 
-void validateLines(Integer lines) {
-    if (lines <= 0) {
-        throw ValidationError{"lines must be greater than 0."};
+struct Cat final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "cat",
+                .abstract = "Print a node's full content (transcript, context, note, or a single message). Containers "
+                            "are rejected — use `ls`."};
     }
-}
+
+    Argument<std::string> id{*this, "id", "The UUID of the node to read."};
+
+    void validate() const override { validateUUID(*id); }
+
+    void run() const override {
+        const QueryItems items = QueryItems().add("full", "true").add("cliVerb", "cat");
+        printNodeText(buildQueryPath("/api/nodes/" + *id, items), "cat", *id);
+    }
+};
 
 } // namespace
 
-CommandConfiguration Cat::configuration() {
-    return {.commandName = "cat",
-            .abstract = "Print a node's full content (transcript, context, note, or a single message). Containers are "
-                        "rejected — use `ls`."};
-}
-
-void Cat::validate() const {
-    validateUUID(*id);
-}
-
-void Cat::run() const {
-    readNodeText(nodePath(*id, QueryItems().add("full", "true").add("cliVerb", "cat")), "cat", *id);
-}
-
-CommandConfiguration Head::configuration() {
-    return {.commandName = "head",
-            .abstract = "Print the first N lines of a node's content (default 10). Reads only enough from the start — "
-                        "cheaper than `cat`."};
-}
-
-void Head::validate() const {
-    validateUUID(*id);
-    validateLines(lines);
-}
-
-void Head::run() const {
-    readNodeText(nodePath(*id, QueryItems().add("headLines", lines).add("cliVerb", "head")), "head", *id);
-}
-
-CommandConfiguration Tail::configuration() {
-    return {.commandName = "tail",
-            .abstract = "Print the last N lines of a node's content (default 10). Reads only enough from the end — "
-                        "cheaper than `cat`."};
-}
-
-void Tail::validate() const {
-    validateUUID(*id);
-    validateLines(lines);
-}
-
-void Tail::run() const {
-    readNodeText(nodePath(*id, QueryItems().add("tailLines", lines).add("cliVerb", "tail")), "tail", *id);
+CommandType catCommand() {
+    return CommandType::of<Cat>();
 }
 
 } // namespace orvane

@@ -1,10 +1,10 @@
-#include "shell/Delete.h"
-
+// `delete`: a transcript chat deleted, after a preview and a yes from a person.
+#include "core/Answers.h"
 #include "core/CLIError.h"
+#include "core/Confirmation.h"
 #include "core/Identifiers.h"
-#include "core/Rendering.h"
-#include "core/ServiceClient.h"
-#include "core/TextInput.h"
+#include "core/MutationLine.h"
+#include "shell/Shell.h"
 
 namespace orvane {
 
@@ -13,7 +13,7 @@ namespace {
 /// What the service says that deleting will do. Throws std::runtime_error for an answer that is not JSON, and CLIError
 /// for one that is no object.
 std::string previewMessage(const std::string& transcriptPath) {
-    const ServiceReply reply = serviceGet(transcriptPath + "/delete-preview", standardTimeout);
+    const ServiceReply reply = serviceGet(transcriptPath + "/delete-preview");
     failOnErrorStatus(reply);
     const platform::JsonDocument document = platform::JsonDocument::parseOrThrow(reply.data);
     const auto preview = document.root().object();
@@ -32,22 +32,30 @@ std::string deletedNodesDetail(const platform::JsonObject& deleted) {
     return std::to_string(*count) + (*count == 1 ? " node" : " nodes") + " soft-deleted; cloud sync triggered if idle";
 }
 
+struct Delete final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "delete", .abstract = "Delete an active locally maintained transcript chat by ID."};
+    }
+
+    Argument<std::string> id{*this, "id", "The UUID of the active local transcript chat."};
+
+    void run() const override {
+        requireUUID(*id);
+        const std::string transcriptPath = "/api/transcripts/" + *id;
+        confirmDeletion(previewMessage(transcriptPath));
+        renderObject(servicePostJSON(transcriptPath + "/delete", JsonBody()), [](const platform::JsonObject& deleted) {
+            printMutationLine({.verb = "deleted chat",
+                               .name = deleted.text("name"),
+                               .id = deleted.text("transcriptId"),
+                               .detail = deletedNodesDetail(deleted)});
+        });
+    }
+};
+
 } // namespace
 
-CommandConfiguration Delete::configuration() {
-    return {.commandName = "delete", .abstract = "Delete an active locally maintained transcript chat by ID."};
-}
-
-void Delete::run() const {
-    requireUUID(*id);
-    const std::string transcriptPath = "/api/transcripts/" + *id;
-    confirmDeletion(previewMessage(transcriptPath));
-    const ServiceReply reply = servicePostJSON(transcriptPath + "/delete", JsonBody(), standardTimeout);
-    failOnErrorStatus(reply);
-    renderObject(reply.data, [](const platform::JsonObject& deleted) {
-        printMutationLine("deleted chat", deleted.text("name"), deleted.text("transcriptId"),
-                          deletedNodesDetail(deleted));
-    });
+CommandType deleteCommand() {
+    return CommandType::of<Delete>();
 }
 
 } // namespace orvane

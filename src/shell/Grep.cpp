@@ -1,11 +1,20 @@
-#include "shell/Grep.h"
-
+// `grep`: the search in the content of nodes.
+#include "core/Answers.h"
+#include "core/Checks.h"
 #include "core/DisplayDates.h"
+#include "core/HelpTexts.h"
 #include "core/Identifiers.h"
-#include "core/Rendering.h"
-#include "core/ServiceClient.h"
+#include "core/SingleLine.h"
+#include "core/Style.h"
+#include "core/TypeGroups.h"
 #include "platform/Streams.h"
 #include "platform/Text.h"
+#include "shell/EmailFilters.h"
+#include "shell/FilterHelp.h"
+#include "shell/InitiatedArgument.h"
+#include "shell/NodeRecord.h"
+#include "shell/RepoArgument.h"
+#include "shell/Shell.h"
 
 namespace orvane {
 
@@ -14,71 +23,74 @@ namespace {
 using platform::JsonDocument;
 using platform::JsonObject;
 
-/// The repositories of all `--repo` values, joined by commas; empty for none.
-std::string reposValue(const std::vector<std::string>& values) {
-    std::vector<std::string> repos;
-    for (const std::string& value : values) {
-        for (const std::string_view piece : platform::split(value, ',')) {
-            if (std::string repo = normalizeRepoArgument(piece); !repo.empty()) {
-                repos.push_back(std::move(repo));
-            }
-        }
-    }
-    return platform::joined(repos, ",");
-}
+constexpr std::string_view indent = "    ";
 
-std::string bodyOf(const JsonObject& result) {
+/// The texts that make up a result's body: the body itself, else its chunks, which stand on lines of their own.
+std::vector<std::string_view> bodyTexts(const JsonObject& result) {
     if (const auto body = result.text("body")) {
-        return std::string(*body);
+        return {*body};
     }
-    std::vector<std::string> texts;
+    std::vector<std::string_view> texts;
     for (const JsonObject& chunk : result.objects("chunks").value_or(std::vector<JsonObject>())) {
         if (const auto text = chunk.text("text")) {
-            texts.emplace_back(*text);
+            texts.push_back(*text);
         }
     }
-    return platform::joined(texts, "\n");
+    return texts.empty() ? std::vector<std::string_view>{""} : texts;
 }
 
-std::string sessionLine(const JsonObject& document) {
-    std::vector<std::string> parts;
-    for (const char* key : {"initiated", "executionMode"}) {
-        if (const std::string_view text = textOrEmpty(document, key); !text.empty()) {
-            parts.push_back(std::string(key) + ": " + std::string(text));
-        }
-    }
-    return parts.empty() ? std::string() : "    " + platform::joined(parts, " · ") + "\n";
-}
-
-/// What a result shows, with an empty line behind it.
-std::string resultBlock(const JsonObject& result) {
-    constexpr std::size_t titleLimit = 100;
-    constexpr std::string_view indent = "    ";
-    const JsonObject document = result.object("document").value_or(result);
-    const auto id = result.text("nodeId");
-    const auto title = result.text("title");
-    std::string block = ansiStyled(id ? *id : textOrEmpty(document, "id"), "36") + "  " +
-                        ansiStyled(textOrEmpty(document, "kind"), "2");
-    if (const std::string owner = ownerLabel(document.object("sourceOwner")); !owner.empty()) {
-        block += "  " + ansiStyled(owner, "32");
-    }
-    if (const std::string date = formatISODisplayDate(textOrEmpty(document, "originalUpdatedAt")); !date.empty()) {
-        block += "  " + ansiStyled(date, "2");
-    }
-    block += "  " + ansiStyled(singleLine(title ? *title : textOrEmpty(document, "name"), titleLimit), "1") + "\n";
-    if (const std::string_view thread = textOrEmpty(result, "threadId"); !thread.empty()) {
-        block.append(indent).append("threadId: ").append(thread).append("\n");
-    }
-    if (const std::string_view slice = textOrEmpty(result, "sliceId"); !slice.empty()) {
-        block.append(indent).append("sliceId: ").append(slice).append(" · modality: ");
-        block.append(result.text("modality").value_or("null")).append("\n");
-    }
-    block += sessionLine(document);
-    const std::string body = bodyOf(result);
-    for (const std::string_view line : platform::split(body, '\n')) {
+void appendIndented(std::string& block, std::string_view text) {
+    for (const std::string_view line : platform::split(text, '\n')) {
         block.append(indent).append(line).append("\n");
     }
-    return block + "\n";
+}
+
+/// Appends a line of labelled facts; nothing when there are none.
+void appendFacts(std::string& block, const std::vector<std::string>& facts) {
+    if (!facts.empty()) {
+        block.append(indent).append(ansiStyled(platform::joined(facts, " · "), Style::plain)).append("\n");
+    }
+}
+
+void appendHeadLine(std::string& block, const JsonObject& result, const JsonObject& document) {
+    constexpr std::size_t titleLimit = 100;
+    const auto id = result.text("nodeId");
+    const auto title = result.text("title");
+    block += ansiStyled(id ? *id : textOrEmpty(document, "id"), Style::cyan);
+    block += "  " + ansiStyled(textOrEmpty(document, "kind"), Style::dim);
+    if (const std::string_view owner = ownerLabel(document.object("sourceOwner")); !owner.empty()) {
+        block += "  " + ansiStyled(owner, Style::green);
+    }
+    if (const std::string date = formatISODisplayDate(textOrEmpty(document, "originalUpdatedAt")); !date.empty()) {
+        block += "  " + ansiStyled(date, Style::dim);
+    }
+    const std::string line = singleLine(title ? *title : textOrEmpty(document, "name"), titleLimit);
+    block += "  " + ansiStyled(line, Style::bold) + "\n";
+}
+
+/// Appends what a result shows, with an empty line behind it.
+void appendResult(std::string& block, const JsonObject& result) {
+    const JsonObject document = result.object("document").value_or(result);
+    const auto fact = [](const char* label, std::string_view value) { return label + std::string(value); };
+    appendHeadLine(block, result, document);
+    if (const std::string_view thread = textOrEmpty(result, "threadId"); !thread.empty()) {
+        appendFacts(block, {fact("threadId: ", thread)});
+    }
+    if (const std::string_view slice = textOrEmpty(result, "sliceId"); !slice.empty()) {
+        appendFacts(block, {fact("sliceId: ", slice), fact("modality: ", result.text("modality").value_or("null"))});
+    }
+    std::vector<std::string> session;
+    if (const std::string_view initiated = textOrEmpty(document, "initiated"); !initiated.empty()) {
+        session.push_back(fact("initiated: ", initiated));
+    }
+    if (const std::string_view mode = textOrEmpty(document, "executionMode"); !mode.empty()) {
+        session.push_back(fact("executionMode: ", mode));
+    }
+    appendFacts(block, session);
+    for (const std::string_view text : bodyTexts(result)) {
+        stdoutIsTerminal() ? appendIndented(block, shownText(text)) : appendIndented(block, text);
+    }
+    block += "\n";
 }
 
 /// Says that a search stopped at a bound, lest its end be taken for the end of the matches; empty when it did not.
@@ -94,58 +106,94 @@ std::string relevanceBoundNote(const JsonObject& response) {
 std::string renderedResults(const JsonObject& response, const std::vector<JsonObject>& results) {
     std::string text;
     for (const JsonObject& result : results) {
-        text += resultBlock(result);
+        appendResult(text, result);
     }
     if (const auto token = response.text("nextPageToken")) {
-        text.append("Next page: repeat with --page-token '").append(*token).append("' and the same parameters.\n");
+        text.append("Next page: repeat with --page-token '")
+            .append(ansiStyled(*token, Style::plain))
+            .append("' and the same parameters.\n");
     }
     return text + relevanceBoundNote(response);
 }
 
+struct Grep final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "grep",
+                .abstract = "Search node content (hybrid by default). Pass a parent UUID to scope to a subtree."};
+    }
+
+    Argument<std::string> pattern{*this, "pattern", "The search query / pattern."};
+    Argument<std::optional<std::string>> scope{*this, "scope",
+                                               "Optional parent node or integration-root UUID to search within."};
+    Option<std::optional<SearchTypeGroup>> type{*this, "type", typeHelp};
+    Option<std::optional<std::string>> since{
+        *this, "since", "Only search nodes updated at or after this date (ISO-8601 or yyyy-MM-dd)."};
+    Option<std::optional<std::string>> until{
+        *this, "until", "Only search nodes updated at or before this date (ISO-8601 or yyyy-MM-dd)."};
+    Option<Integer> limit{*this, "limit", 10, searchLimitHelp};
+    OptionGroup<EmailSearchFilterOptions> email{*this, "email"};
+    Option<std::optional<std::string>> pageToken{*this, "page-token",
+                                                 "Continuation from a previous grep; keep other parameters unchanged."};
+    Flag<bool> literal{*this,
+                       "literal",
+                       "Lexical cloud search or contiguous substring matching locally.",
+                       {.names = {longName(), customShort("F")}}};
+    Option<std::optional<std::string>> owner{*this, "owner", readableOwnerHelp};
+    Option<std::vector<std::string>> repo{
+        *this,
+        "repo",
+        {},
+        "Narrow to specific git repos (coding-session content only). Pass a repo path (\".\" for the current repo) or "
+        "a canonical repoKey like github.com/acme/widgets. Repeatable, or comma-separated."};
+    Option<std::optional<InitiatedArgument>> initiated{*this, "initiated", initiatedHelp};
+    Flag<bool> json{*this, "json", jsonTableHelp};
+
+    void validate() const override {
+        validateUUIDIfGiven(scope, "scope");
+        validateLimit(limit);
+    }
+
+    void run() const override {
+        const std::string path = requestPath();
+        if (json) {
+            passOnGet(path);
+            return;
+        }
+        const ServiceReply reply = serviceGet(path);
+        failOnErrorStatus(reply);
+        const auto document = JsonDocument::parseObject(reply.data);
+        const auto results = document ? document->object().objects("results") : std::nullopt;
+        if (results) {
+            platform::writeStandardOutput(renderedResults(document->object(), *results));
+        } else {
+            printRawResponse(reply.data);
+        }
+    }
+
+private:
+    std::string requestPath() const {
+        const std::string repos = reposValue(*repo);
+        return buildQueryPath("/api/nodes/search", QueryItems()
+                                                       .add("q", pattern)
+                                                       .add("limit", limit)
+                                                       .add(emailFilterItems(*email))
+                                                       .addIfGiven("pageToken", pageToken)
+                                                       .addIfGiven("parentId", scope)
+                                                       .addIfGiven("kind", type)
+                                                       .addIfGiven("since", since)
+                                                       .addIfGiven("until", until)
+                                                       .addIfGiven("owner", owner)
+                                                       .addIfSet("literal", literal)
+                                                       .addIfSet("repos", !repos.empty(), repos)
+                                                       .addIfGiven("initiated", initiated)
+                                                       .add("cliVerb", "grep"));
+    }
+};
+
 } // namespace
 
-CommandConfiguration Grep::configuration() {
-    return {.commandName = "grep",
-            .abstract = "Search node content (hybrid by default). Pass a parent UUID to scope to a subtree."};
-}
-
-void Grep::validate() const {
-    if (scope && !isUUID(*scope)) {
-        throw ValidationError{"scope must be a UUID."};
-    }
-    validateLimit(limit);
-}
-
-void Grep::run() const {
-    const std::string repos = reposValue(repo);
-    const QueryItems items = QueryItems()
-                                 .add("q", *pattern)
-                                 .add("limit", limit)
-                                 .addIfGiven("sender", sender)
-                                 .addIfGiven("recipient", recipient)
-                                 .addIfGiven("to", to)
-                                 .addIfGiven("cc", cc)
-                                 .addIfGiven("bcc", bcc)
-                                 .addIfGiven("subject", subject)
-                                 .addIfGiven("pageToken", pageToken)
-                                 .addIfGiven("parentId", scope)
-                                 .addIfGiven("kind", type)
-                                 .addIfGiven("since", since)
-                                 .addIfGiven("until", until)
-                                 .addIfGiven("owner", owner)
-                                 .addIfSet("literal", literal)
-                                 .addIfSet("repos", !repos.empty(), repos)
-                                 .addIfGiven("initiated", initiated)
-                                 .add("cliVerb", "grep");
-    const ServiceReply reply = serviceGet(buildQueryPath("/api/nodes/search", items), standardTimeout);
-    failOnErrorStatus(reply);
-    const auto document = json ? std::nullopt : JsonDocument::parseObject(reply.data);
-    const auto results = document ? document->object().objects("results") : std::nullopt;
-    if (results) {
-        platform::writeStandardOutput(renderedResults(document->object(), *results));
-    } else {
-        printRawResponse(reply.data);
-    }
+CommandType grepCommand() {
+    return CommandType::of<Grep>();
 }
 
 } // namespace orvane

@@ -1,32 +1,42 @@
-#include "shell/Mkdir.h"
-
+// `mkdir`: a new folder.
+#include "core/Answers.h"
+#include "core/HelpTexts.h"
 #include "core/Identifiers.h"
+#include "core/MutationLine.h"
 #include "core/Query.h"
-#include "core/Rendering.h"
-#include "core/ServiceClient.h"
+#include "shell/Shell.h"
 
 namespace orvane {
 
-CommandConfiguration Mkdir::configuration() {
-    return {.commandName = "mkdir",
-            .abstract = "Create a folder. Pass a parent folder ID to nest it; omit for top level."};
-}
+namespace {
 
-void Mkdir::validate() const {
-    if (parent && !isUUID(*parent)) {
-        throw ValidationError{"parent must be a UUID."};
+struct Mkdir final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "mkdir",
+                .abstract = "Create a folder. Pass a parent folder ID to nest it; omit for top level."};
     }
-}
 
-void Mkdir::run() const {
-    JsonBody body;
-    body.set("name", *name).setIfGiven("parentId", parent.get()).setIfGiven("emoji", emoji.get());
-    const std::string path = buildQueryPath("/api/folders", QueryItems().add("cliVerb", "mkdir"));
-    const ServiceReply reply = servicePostJSON(path, std::move(body), standardTimeout);
-    failOnErrorStatus(reply);
-    renderObject(reply.data, [](const platform::JsonObject& folder) {
-        printMutationLine("created folder", folder.text("name"), folder.text("id"), {});
-    });
+    Argument<std::string> name{*this, "name", "The folder name."};
+    Argument<std::optional<std::string>> parent{*this, "parent",
+                                                "Optional parent folder ID. Omit to create at the top level."};
+    Option<std::optional<std::string>> emoji{*this, "emoji", folderEmojiHelp};
+
+    void validate() const override { validateUUIDIfGiven(parent, "parent"); }
+
+    void run() const override {
+        JsonBody body;
+        body.set("name", name).setIfGiven("parentId", parent).setIfGiven("emoji", emoji);
+        const std::string path = buildQueryPath("/api/folders", QueryItems().add("cliVerb", "mkdir"));
+        renderObject(servicePostJSON(path, std::move(body)), [](const platform::JsonObject& folder) {
+            printMutationLine({.verb = "created folder", .name = folder.text("name"), .id = folder.text("id")});
+        });
+    }
+};
+
+} // namespace
+
+CommandType mkdirCommand() {
+    return CommandType::of<Mkdir>();
 }
 
 } // namespace orvane

@@ -1,10 +1,11 @@
-#include "shell/Mv.h"
-
-#include "core/CLIError.h"
+// `mv`: a context or folder moved, renamed or taken out of its folder.
+#include "core/Answers.h"
+#include "core/Checks.h"
 #include "core/Identifiers.h"
-#include "core/Rendering.h"
-#include "core/ServiceClient.h"
-#include "shell/NodeReading.h"
+#include "core/MutationLine.h"
+#include "core/Query.h"
+#include "core/SingleLine.h"
+#include "shell/Shell.h"
 
 namespace orvane {
 
@@ -27,8 +28,8 @@ constexpr MovableKind folderKind{"orvane_folder", "folder", "folders", "folderId
 
 /// Asks the service what `id` is. Throws CLIError when it can't be moved.
 const MovableKind& movableKindOf(const std::string& id) {
-    const ServiceReply reply =
-        serviceGet(nodePath(id, QueryItems().add("meta", "true").add("cliVerb", "mv")), standardTimeout);
+    const QueryItems items = QueryItems().add("meta", "true").add("cliVerb", "mv");
+    const ServiceReply reply = serviceGet(buildQueryPath("/api/nodes/" + id, items));
     failOnErrorStatus(reply);
     const auto document = platform::JsonDocument::parseObject(reply.data);
     const auto kind = document ? document->object().text("kind") : std::nullopt;
@@ -41,54 +42,62 @@ const MovableKind& movableKindOf(const std::string& id) {
     if (*kind == folderKind.kind) {
         return folderKind;
     }
-    throw CLIError::invalidInput("Nodes of kind '" + std::string(*kind) + "' cannot be moved or renamed.");
+    throw CLIError::invalidInput("Nodes of kind '" + foldedLine(*kind) + "' cannot be moved or renamed.");
 }
 
-} // namespace
-
-CommandConfiguration Mv::configuration() {
-    return {.commandName = "mv", .abstract = "Move, rename, or unfile a context or folder."};
-}
-
-void Mv::validate() const {
-    const int modes = (to ? 1 : 0) + (name ? 1 : 0) + (unfiled ? 1 : 0);
-    if (modes != 1) {
-        throw ValidationError{"Provide exactly one of --to <folder-id>, --name <new-name>, or --unfiled."};
+struct Mv final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "mv", .abstract = "Move, rename, or unfile a context or folder."};
     }
-    if (to && !isUUID(*to)) {
-        throw ValidationError{"--to must be a folder UUID."};
-    }
-}
 
-void Mv::run() const {
-    requireUUID(*id);
-    const MovableKind& kind = movableKindOf(*id);
-    JsonBody body;
-    if (name) {
-        body.set("name", *name);
-    } else if (to) {
-        body.set(kind.destinationKey, *to);
-    } else {
-        body.set(kind.unfiledKey, true);
+    Argument<std::string> id{*this, "id", "The UUID of the context or folder."};
+    Option<std::optional<std::string>> to{*this, "to", "Destination folder UUID (move)."};
+    Option<std::optional<std::string>> name{*this, "name", "New name (rename)."};
+    Flag<bool> unfiled{*this, "unfiled", "Remove the context or folder from its parent."};
+
+    void validate() const override {
+        validateExactlyOne({to, name, unfiled},
+                           "Provide exactly one of --to <folder-id>, --name <new-name>, or --unfiled.");
+        validateUUIDIfGiven(to, "--to", "a folder UUID");
     }
-    const std::string path = "/api/" + std::string(kind.collection) + "/" + *id + (name ? "/rename" : "/move");
-    const ServiceReply reply =
-        servicePostJSON(buildQueryPath(path, QueryItems().add("cliVerb", "mv")), std::move(body), standardTimeout);
-    failOnErrorStatus(reply);
-    renderObject(reply.data, [&](const JsonObject& moved) {
+
+    void run() const override {
+        requireUUID(*id);
+        const MovableKind& kind = movableKindOf(*id);
+        JsonBody body;
+        if (name) {
+            body.set("name", *name);
+        } else if (to) {
+            body.set(kind.destinationKey, *to);
+        } else {
+            body.set(kind.unfiledKey, true);
+        }
+        const std::string path = "/api/" + std::string(kind.collection) + "/" + *id + (name ? "/rename" : "/move");
+        renderObject(servicePostJSON(buildQueryPath(path, QueryItems().add("cliVerb", "mv")), std::move(body)),
+                     [&](const JsonObject& moved) { report(kind, moved); });
+    }
+
+private:
+    void report(const MovableKind& kind, const JsonObject& moved) const {
         const std::string word(kind.word);
         const auto movedId = moved.text(kind.idKey);
         if (name) {
-            printMutationLine("renamed " + word, moved.text("name"), movedId, {});
+            printMutationLine({.verb = "renamed " + word, .name = moved.text("name"), .id = movedId});
         } else if (to) {
             const std::string destination(moved.text(kind.destinationKey).value_or(*to));
-            printMutationLine("moved " + word, {}, movedId, "→ folder " + destination);
+            printMutationLine({.verb = "moved " + word, .id = movedId, .detail = "→ folder " + destination});
         } else if (kind.kind == contextKind.kind) {
-            printMutationLine("unfiled context", {}, movedId, {});
+            printMutationLine({.verb = "unfiled context", .id = movedId});
         } else {
-            printMutationLine("moved folder", {}, movedId, "→ root");
+            printMutationLine({.verb = "moved folder", .id = movedId, .detail = "→ root"});
         }
-    });
+    }
+};
+
+} // namespace
+
+CommandType mvCommand() {
+    return CommandType::of<Mv>();
 }
 
 } // namespace orvane

@@ -1,13 +1,13 @@
-#include "shell/ReplaceLines.h"
-
+// `replace-lines`: a block of whole lines of a context replaced or deleted.
 #include <algorithm>
 
-#include "core/CLIError.h"
+#include "core/Answers.h"
+#include "core/Checks.h"
 #include "core/Identifiers.h"
-#include "core/Rendering.h"
-#include "core/ServiceClient.h"
+#include "core/MutationLine.h"
 #include "core/TextInput.h"
-#include "shell/ContextEditing.h"
+#include "shell/ContextEditRequest.h"
+#include "shell/Shell.h"
 
 namespace orvane {
 
@@ -22,7 +22,7 @@ std::size_t lineEndLength(std::string_view text, std::size_t position) {
 }
 
 /// A file's lines, whatever system's line ends it has; the last line's own is dropped. An empty file has none.
-std::vector<std::string> readLines(const std::string& path) {
+std::vector<std::string> readLines(const FilePath& path) {
     const std::string file = readWholeTextFile(path);
     std::string_view text = file;
     const bool endsLine = text.ends_with('\n') || text.ends_with('\r');
@@ -44,40 +44,52 @@ std::vector<std::string> readLines(const std::string& path) {
     return lines;
 }
 
+struct ReplaceLines final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "replace-lines",
+                .abstract = "Replace or delete a unique block of complete context lines."};
+    }
+
+    Argument<std::string> id{*this, "id", "The UUID of the context to edit."};
+    Option<std::vector<std::string>> oldLine{
+        *this, "old-line", {}, "An exact existing line. Repeat for a multi-line block."};
+    Option<std::optional<FilePath>> oldFile{
+        *this, "old-file", "Path containing the exact existing lines. Mutually exclusive with --old-line."};
+    Option<std::vector<std::string>> newLine{
+        *this, "new-line", {}, "A replacement line. Repeat for a multi-line block."};
+    Option<std::optional<FilePath>> newFile{
+        *this, "new-file", "Path containing replacement lines. Mutually exclusive with --new-line and --delete."};
+    Flag<bool> deleteLines{*this, "delete", "Delete the matched lines, including the correct adjacent separator."};
+
+    void validate() const override {
+        validateExactlyOne({oldLine, oldFile}, {.none = "Provide --old-line or --old-file.",
+                                                .several = "Cannot use both --old-line and --old-file."});
+        validateExactlyOne({newLine, newFile, deleteLines},
+                           "Provide exactly one of --new-line, --new-file, or --delete.");
+    }
+
+    void run() const override {
+        requireUUID(*id);
+        const std::vector<std::string> oldLines = oldFile ? readLines(*oldFile) : *oldLine;
+        if (oldLines.empty()) {
+            throw CLIError::invalidInput("At least one old line is required.");
+        }
+        // Without new lines the block is deleted.
+        const std::vector<std::string> newLines = newFile ? readLines(*newFile) : *newLine;
+        JsonBody body;
+        body.set("old_lines", oldLines).set("new_lines", newLines);
+        renderObject(postContextEdit(*id, std::move(body), "replace-lines"), [&](const platform::JsonObject& edit) {
+            printMutationLine({.verb = "edited context",
+                               .id = edit.text("contextId"),
+                               .detail = deleteLines ? "(deleted complete lines)" : "(replaced complete lines)"});
+        });
+    }
+};
+
 } // namespace
 
-CommandConfiguration ReplaceLines::configuration() {
-    return {.commandName = "replace-lines", .abstract = "Replace or delete a unique block of complete context lines."};
-}
-
-void ReplaceLines::validate() const {
-    if (!oldLine->empty() && oldFile) {
-        throw ValidationError{"Cannot use both --old-line and --old-file."};
-    }
-    if (oldLine->empty() && !oldFile) {
-        throw ValidationError{"Provide --old-line or --old-file."};
-    }
-    const int modes = (newLine->empty() ? 0 : 1) + (newFile ? 1 : 0) + (deleteLines ? 1 : 0);
-    if (modes != 1) {
-        throw ValidationError{"Provide exactly one of --new-line, --new-file, or --delete."};
-    }
-}
-
-void ReplaceLines::run() const {
-    requireUUID(*id);
-    const std::vector<std::string> oldLines = oldFile ? readLines(*oldFile) : *oldLine;
-    if (oldLines.empty()) {
-        throw CLIError::invalidInput("At least one old line is required.");
-    }
-    // Without new lines the block is deleted.
-    const std::vector<std::string> newLines = newFile ? readLines(*newFile) : *newLine;
-    JsonBody body;
-    body.set("old_lines", oldLines).set("new_lines", newLines);
-    const ServiceReply reply = postContextEdit(*id, std::move(body), "replace-lines");
-    renderObject(reply.data, [&](const platform::JsonObject& edit) {
-        printMutationLine("edited context", {}, edit.text("contextId"),
-                          deleteLines ? "(deleted complete lines)" : "(replaced complete lines)");
-    });
+CommandType replaceLinesCommand() {
+    return CommandType::of<ReplaceLines>();
 }
 
 } // namespace orvane

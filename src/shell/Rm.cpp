@@ -1,34 +1,32 @@
-#include "shell/Rm.h"
-
+// `rm`: a context deleted, without asking.
+#include "core/Answers.h"
 #include "core/Identifiers.h"
+#include "core/MutationLine.h"
 #include "core/Query.h"
-#include "core/Rendering.h"
-#include "core/ServiceClient.h"
+#include "shell/Shell.h"
 
 namespace orvane {
 
-CommandConfiguration Rm::configuration() {
-    return {.commandName = "rm", .abstract = "Delete a context by ID."};
-}
+namespace {
 
-void Rm::run() const {
-    requireUUID(*id);
-    const std::string path = buildQueryPath("/api/contexts/" + *id, QueryItems().add("cliVerb", "rm"));
-    renderObject(serviceDelete(path, standardTimeout), [](const platform::JsonObject& deleted) {
-        printMutationLine("deleted context", {}, deleted.text("contextId"), {});
-    });
-}
+struct Rm final : ParsableCommand {
+    static CommandConfiguration configuration() { return {.commandName = "rm", .abstract = "Delete a context by ID."}; }
 
-CommandConfiguration Rmdir::configuration() {
-    return {.commandName = "rmdir", .abstract = "Delete an empty folder by ID."};
-}
+    Argument<std::string> id{*this, "id", "The UUID of the context."};
 
-void Rmdir::run() const {
-    requireUUID(*id);
-    const std::string path = buildQueryPath("/api/folders/" + *id, QueryItems().add("cliVerb", "rmdir"));
-    renderObject(serviceDelete(path, standardTimeout), [](const platform::JsonObject& deleted) {
-        printMutationLine("deleted folder", {}, deleted.text("folderId"), {});
-    });
+    void run() const override {
+        requireUUID(*id);
+        const std::string path = buildQueryPath("/api/contexts/" + *id, QueryItems().add("cliVerb", "rm"));
+        renderObject(serviceDelete(path), [](const platform::JsonObject& deleted) {
+            printMutationLine({.verb = "deleted context", .id = deleted.text("contextId")});
+        });
+    }
+};
+
+} // namespace
+
+CommandType rmCommand() {
+    return CommandType::of<Rm>();
 }
 
 } // namespace orvane

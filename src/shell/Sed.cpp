@@ -1,45 +1,53 @@
-#include "shell/Sed.h"
-
+// `sed`: an exact text of a context replaced by another.
+#include "core/Answers.h"
+#include "core/Checks.h"
+#include "core/ContextEdit.h"
 #include "core/Identifiers.h"
-#include "core/Rendering.h"
-#include "core/ServiceClient.h"
-#include "core/TextInput.h"
-#include "shell/ContextEditing.h"
+#include "core/MutationLine.h"
+#include "shell/ContextEditRequest.h"
+#include "shell/Shell.h"
 
 namespace orvane {
 
-CommandConfiguration Sed::configuration() {
-    return {.commandName = "sed", .abstract = "String-replace edit a context body (exact match)."};
-}
+namespace {
 
-void Sed::validate() const {
-    if (oldText && oldFile) {
-        throw ValidationError{"Cannot use both --old and --old-file."};
+struct Sed final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "sed", .abstract = "String-replace edit a context body (exact match)."};
     }
-    if (!oldText && !oldFile) {
-        throw ValidationError{"Must provide either --old or --old-file."};
-    }
-    if (newText && newFile) {
-        throw ValidationError{"Cannot use both --new and --new-file."};
-    }
-    if (!newText && !newFile) {
-        throw ValidationError{"Must provide either --new or --new-file."};
-    }
-}
 
-void Sed::run() const {
-    requireUUID(*id);
-    JsonBody body;
-    body.set("old_string", oldFile ? readTextFile(*oldFile) : *oldText);
-    body.set("new_string", newFile ? readTextFile(*newFile) : *newText);
-    if (all) {
-        body.set("replace_all", true);
+    Argument<std::string> id{*this, "id", "The UUID of the context to edit."};
+    Option<std::optional<std::string>> oldText{*this, "old", "The exact text to find."};
+    Option<std::optional<FilePath>> oldFile{*this, "old-file",
+                                            "Path to a file with the text to find. Mutually exclusive with --old."};
+    Option<std::optional<std::string>> newText{*this, "new", "The replacement text."};
+    Option<std::optional<FilePath>> newFile{*this, "new-file",
+                                            "Path to a file with the replacement text. Mutually exclusive with --new."};
+    Flag<bool> all{*this, "all", "Replace all occurrences instead of just the first."};
+
+    void validate() const override {
+        validateExactlyOne({oldText, oldFile}, {.none = "Must provide either --old or --old-file.",
+                                                .several = "Cannot use both --old and --old-file."});
+        validateExactlyOne({newText, newFile}, {.none = "Must provide either --new or --new-file.",
+                                                .several = "Cannot use both --new and --new-file."});
     }
-    const ServiceReply reply = postContextEdit(*id, std::move(body), "sed");
-    renderObject(reply.data, [](const platform::JsonObject& edit) {
-        const bool isEverywhere = edit.boolean("replace_all") == true;
-        printMutationLine("edited context", {}, edit.text("contextId"), isEverywhere ? "(all occurrences)" : "");
-    });
+
+    void run() const override {
+        requireUUID(*id);
+        JsonBody body = contextEditBody({oldText, oldFile}, {newText, newFile}, all);
+        renderObject(postContextEdit(*id, std::move(body), "sed"), [](const platform::JsonObject& edit) {
+            const bool isEverywhere = edit.boolean("replace_all") == true;
+            printMutationLine({.verb = "edited context",
+                               .id = edit.text("contextId"),
+                               .detail = isEverywhere ? "(all occurrences)" : ""});
+        });
+    }
+};
+
+} // namespace
+
+CommandType sedCommand() {
+    return CommandType::of<Sed>();
 }
 
 } // namespace orvane

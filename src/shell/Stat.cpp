@@ -1,15 +1,16 @@
-#include "shell/Stat.h"
-
+// `stat`: what a node is and where it sits.
 #include <algorithm>
 
+#include "core/Answers.h"
 #include "core/DisplayDates.h"
 #include "core/Identifiers.h"
-#include "core/Rendering.h"
-#include "core/ServiceClient.h"
+#include "core/LabelledRows.h"
+#include "core/Query.h"
+#include "core/SingleLine.h"
 #include "platform/Streams.h"
 #include "platform/Text.h"
-#include "shell/NodeReading.h"
-#include "shell/Vocabulary.h"
+#include "shell/NodeRecord.h"
+#include "shell/Shell.h"
 
 namespace orvane {
 
@@ -28,13 +29,13 @@ struct TreeEntry {
     std::size_t nameWidth() const { return characterCount(prefix) + characterCount(name); }
 };
 
-std::string blanks(std::size_t count) {
+std::string spaces(std::size_t count) {
     return std::string(count, ' ');
 }
 
 TreeEntry treeEntry(const JsonObject& node, std::size_t depth) {
     constexpr std::size_t nameLimit = 80;
-    return {depth == 0 ? "" : blanks((depth - 1) * 3) + "└─ ", singleLine(textOrEmpty(node, "name"), nameLimit),
+    return {depth == 0 ? "" : spaces((depth - 1) * 3) + "└─ ", singleLine(textOrEmpty(node, "name"), nameLimit),
             textOrEmpty(node, "kind"), textOrEmpty(node, "id")};
 }
 
@@ -52,11 +53,11 @@ std::string treePlaceLines(const std::vector<JsonObject>& ancestors, const JsonO
     }
     std::vector<std::string> lines;
     for (const TreeEntry& entry : entries) {
-        lines.push_back(ansiStyled(entry.prefix, "2") + ansiStyled(entry.name, "1") +
-                        blanks(nameWidth - entry.nameWidth()) + "  " + ansiStyled(entry.kind, "2") +
-                        blanks(kindWidth - characterCount(entry.kind)) + "  " + ansiStyled(entry.id, "36"));
+        lines.push_back(ansiStyled(entry.prefix, Style::dim) + ansiStyled(entry.name, Style::bold) +
+                        spaces(nameWidth - entry.nameWidth()) + "  " + ansiStyled(entry.kind, Style::dim) +
+                        spaces(kindWidth - characterCount(entry.kind)) + "  " + ansiStyled(entry.id, Style::cyan));
     }
-    lines.back() += "  " + ansiStyled("← here", "1;33");
+    lines.back() += "  " + ansiStyled("← here", Style::boldYellow);
     return platform::joined(lines, "\n");
 }
 
@@ -65,7 +66,7 @@ std::string ownerLine(const std::optional<JsonObject>& owner) {
         const auto email = owner->text("email");
         return email ? "you · " + std::string(*email) : "you";
     }
-    return ownerLabel(owner);
+    return std::string(ownerLabel(owner));
 }
 
 std::string childCountsText(const JsonObject& node) {
@@ -82,47 +83,53 @@ std::string childCountsText(const JsonObject& node) {
 
 std::string factLines(const JsonObject& node) {
     std::vector<LabelledRow> rows;
-    const auto addIfNotEmpty = [&](std::string_view label, std::string value, std::string_view code) {
+    const auto addIfNotEmpty = [&](std::string_view label, std::string value, Style style) {
         if (!value.empty()) {
-            rows.push_back({label, std::move(value), code});
+            rows.push_back({label, std::move(value), style});
         }
     };
-    addIfNotEmpty("owner", ownerLine(node.object("sourceOwner")), "32");
-    rows.push_back({"type", std::string(textOrEmpty(node, "kind")), ""});
+    addIfNotEmpty("owner", ownerLine(node.object("sourceOwner")), Style::green);
+    rows.push_back({"type", std::string(textOrEmpty(node, "kind"))});
     if (node.boolean("isContainer") == true) {
-        addIfNotEmpty("children", childCountsText(node), "");
+        addIfNotEmpty("children", childCountsText(node), Style::plain);
     }
-    addIfNotEmpty("updated", updatedLabel(node), "2");
-    addIfNotEmpty("created", formatDisplayDate(textOrEmpty(node, "originalCreatedAt")), "2");
-    addIfNotEmpty("initiated", std::string(textOrEmpty(node, "initiated")), "35");
-    addIfNotEmpty("execution", std::string(textOrEmpty(node, "executionMode")), "2");
+    addIfNotEmpty("updated", updatedLabel(node), Style::dim);
+    addIfNotEmpty("created", formatDisplayDate(textOrEmpty(node, "originalCreatedAt")), Style::dim);
+    addIfNotEmpty("initiated", std::string(textOrEmpty(node, "initiated")), Style::magenta);
+    addIfNotEmpty("execution", std::string(textOrEmpty(node, "executionMode")), Style::dim);
     return labelledRowsText(rows);
 }
 
+struct Stat final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "stat",
+                .abstract = "Show a node's metadata (kind, owner, counts, dates) and its place in the tree, without "
+                            "dumping its content. Works on files and directories."};
+    }
+
+    Argument<std::string> id{*this, "id", "The UUID of the node."};
+    Flag<bool> json{*this, "json", "Output the raw JSON response instead of the formatted view."};
+
+    void validate() const override { validateUUID(*id); }
+
+    void run() const override {
+        const QueryItems items = QueryItems().add("meta", "true").add("cliVerb", "stat");
+        const std::string path = buildQueryPath("/api/nodes/" + *id, items);
+        if (json) {
+            passOnGet(path);
+            return;
+        }
+        renderObject(serviceGet(path), [](const JsonObject& node) {
+            const auto ancestors = node.objects("ancestors").value_or(std::vector<JsonObject>());
+            platform::writeStandardOutput(treePlaceLines(ancestors, node) + "\n\n" + factLines(node));
+        });
+    }
+};
+
 } // namespace
 
-CommandConfiguration Stat::configuration() {
-    return {.commandName = "stat",
-            .abstract = "Show a node's metadata (kind, owner, counts, dates) and its place in the tree, without "
-                        "dumping its content. Works on files and directories."};
-}
-
-void Stat::validate() const {
-    validateUUID(*id);
-}
-
-void Stat::run() const {
-    const std::string path = nodePath(*id, QueryItems().add("meta", "true").add("cliVerb", "stat"));
-    const ServiceReply reply = serviceGet(path, standardTimeout);
-    failOnErrorStatus(reply);
-    if (json) {
-        printRawResponse(reply.data);
-        return;
-    }
-    renderObject(reply.data, [](const JsonObject& node) {
-        const auto ancestors = node.objects("ancestors").value_or(std::vector<JsonObject>());
-        platform::writeStandardOutput(treePlaceLines(ancestors, node) + "\n\n" + factLines(node));
-    });
+CommandType statCommand() {
+    return CommandType::of<Stat>();
 }
 
 } // namespace orvane

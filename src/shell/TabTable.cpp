@@ -2,29 +2,22 @@
 
 #include <algorithm>
 
-#include "core/Rendering.h"
+#include "core/SingleLine.h"
+#include "platform/TerminalText.h"
 #include "platform/Text.h"
 
 namespace orvane {
 
 namespace {
 
-std::string cleaned(std::string text) {
-    std::replace_if(
-        text.begin(), text.end(), [](char byte) { return byte == '\n' || byte == '\r' || byte == '\t'; }, ' ');
-    return std::string(platform::trimmed(text));
-}
-
 /// Where each column but the last ends.
-std::vector<std::size_t> tabStops(const std::vector<std::vector<TableCell>>& rows, std::size_t tabWidth) {
+std::vector<std::size_t> tabStops(const TableRows& rows, std::size_t tabWidth) {
     std::vector<std::size_t> stops;
     std::size_t stop = 0;
-    for (std::size_t column = 0; column + 1 < rows.front().size(); ++column) {
+    for (std::size_t column = 0; column + 1 < rows.columnCount(0); ++column) {
         std::size_t width = 0;
-        for (const auto& row : rows) {
-            if (column < row.size()) {
-                width = std::max(width, platform::characterCount(row[column].text));
-            }
+        for (std::size_t row = 0; row < rows.count(); ++row) {
+            width = std::max(width, column < rows.columnCount(row) ? rows.cell(row, column).width : 0);
         }
         stop = ((stop + width) / tabWidth + 1) * tabWidth;
         stops.push_back(stop);
@@ -34,22 +27,36 @@ std::vector<std::size_t> tabStops(const std::vector<std::vector<TableCell>>& row
 
 } // namespace
 
-std::string renderTabTable(std::vector<std::vector<TableCell>> rows, std::size_t tabWidth) {
-    if (rows.empty() || rows.front().empty()) {
-        return {};
+void TableRows::add(std::string_view text, Style style) {
+    std::string line = singleLine(text);
+    if (stdoutIsTerminal()) {
+        line = platform::terminalLine(line);
     }
-    for (auto& row : rows) {
-        for (TableCell& cell : row) {
-            cell.text = cleaned(std::move(cell.text));
-        }
+    entries_.push_back({texts_.size(), line.size(), platform::characterCount(line), style});
+    texts_ += line;
+}
+
+void TableRows::endRow() {
+    rowEnds_.push_back(entries_.size());
+}
+
+TableRows::Cell TableRows::cell(std::size_t row, std::size_t column) const {
+    const Entry& entry = entries_[rowStart(row) + column];
+    return {std::string_view(texts_).substr(entry.start, entry.length), entry.width, entry.style};
+}
+
+std::string renderTabTable(const TableRows& rows, std::size_t tabWidth) {
+    std::string table;
+    if (rows.count() == 0 || rows.columnCount(0) == 0) {
+        return table;
     }
     const std::vector<std::size_t> stops = tabStops(rows, tabWidth);
-    std::string table;
-    for (const auto& row : rows) {
+    for (std::size_t row = 0; row < rows.count(); ++row) {
         std::size_t position = 0;
-        for (std::size_t column = 0; column < row.size(); ++column) {
-            table += ansiStyled(row[column].text, row[column].style);
-            position += platform::characterCount(row[column].text);
+        for (std::size_t column = 0; column < rows.columnCount(row); ++column) {
+            const TableRows::Cell cell = rows.cell(row, column);
+            table += ansiStyled(cell.text, cell.style);
+            position += cell.width;
             while (column < stops.size() && position < stops[column]) {
                 table += '\t';
                 position = (position / tabWidth + 1) * tabWidth;

@@ -6,16 +6,44 @@
 #include <string_view>
 #include <vector>
 
+#include "core/Style.h"
+
 namespace orvane {
 
-struct TableCell {
-    std::string text;
-    std::string_view style; ///< The cell's ANSI code; empty for none.
+/// The rows of a table, filled cell by cell. Line ends and tabs inside a cell become blanks; styles show only at a
+/// terminal, where control characters are written out.
+class TableRows {
+public:
+    struct Cell {
+        std::string_view text;
+        std::size_t width; ///< In characters.
+        Style style;
+    };
+
+    void add(std::string_view text, Style style = Style::plain);
+    void endRow();
+
+    std::size_t count() const { return rowEnds_.size(); }
+    std::size_t columnCount(std::size_t row) const { return rowEnds_[row] - rowStart(row); }
+    Cell cell(std::size_t row, std::size_t column) const;
+
+private:
+    struct Entry {
+        std::size_t start;
+        std::size_t length;
+        std::size_t width;
+        Style style;
+    };
+
+    std::size_t rowStart(std::size_t row) const { return row == 0 ? 0 : rowEnds_[row - 1]; }
+
+    std::string texts_; ///< Of all cells, one behind the other.
+    std::vector<Entry> entries_;
+    std::vector<std::size_t> rowEnds_;
 };
 
 /// The rows with real tabs between their cells and a line feed behind each row. The first row fixes the number of
-/// columns. Line ends and tabs inside a cell become blanks; the styles show only on a terminal. `tabWidth` is in
-/// characters.
-std::string renderTabTable(std::vector<std::vector<TableCell>> rows, std::size_t tabWidth);
+/// columns. `tabWidth` is in characters.
+std::string renderTabTable(const TableRows& rows, std::size_t tabWidth);
 
 } // namespace orvane

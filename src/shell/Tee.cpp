@@ -1,46 +1,73 @@
-#include "shell/Tee.h"
-
+// `tee`: a new context, whose body comes from a pipe or a file.
+#include "core/Answers.h"
+#include "core/HelpTexts.h"
 #include "core/Identifiers.h"
+#include "core/MutationLine.h"
 #include "core/Query.h"
-#include "core/Rendering.h"
-#include "core/ServiceClient.h"
 #include "core/TextInput.h"
+#include "platform/Streams.h"
+#include "platform/Text.h"
+#include "shell/Shell.h"
 
 namespace orvane {
 
-CommandConfiguration Tee::configuration() {
-    return {.commandName = "tee", .abstract = "Create a context. Body is read from stdin, or from --from-file."};
+namespace {
+
+/// What was piped in. The context is created even when that can't be its body, and the user is told.
+std::string pipedMarkdown() {
+    std::optional<std::string> bytes = readPipedBytes();
+    if (bytes && !platform::isValidUtf8(*bytes)) {
+        platform::writeStandardError("orvane tee: standard input is not valid UTF-8; the body was left empty.\n");
+        bytes.reset();
+    }
+    return std::move(bytes).value_or("");
 }
 
-void Tee::validate() const {
-    if (folder && !isUUID(*folder)) {
-        throw ValidationError{"folder must be a UUID."};
+struct Tee final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "tee", .abstract = "Create a context. Body is read from stdin, or from --from-file."};
     }
-    for (const std::string& source : *sources) {
-        if (!isUUID(source)) {
-            throw ValidationError{"Invalid source UUID: " + source};
-        }
-    }
-}
 
-void Tee::run() const {
-    const std::string markdown = fromFile ? readTextFile(*fromFile) : readPipedText().value_or("");
-    JsonBody body;
-    body.set("title", *title)
-        .set("markdown", markdown)
-        .setIfGiven("emoji", emoji.get())
-        .setIfGiven("folderId", folder.get())
-        .setIfNotEmpty("sources", *sources);
-    const std::string path = buildQueryPath("/api/contexts", QueryItems().add("cliVerb", "tee"));
-    const ServiceReply reply = servicePostJSON(path, std::move(body), standardTimeout);
-    failOnErrorStatus(reply);
-    renderObject(reply.data, [](const platform::JsonObject& context) {
-        const bool isPending = context.boolean("cloudSyncPending") == true;
-        printMutationLine("created context", context.text("name"), context.text("id"),
-                          isPending ? "still preparing for collaborative editing; it may take a few minutes to become "
-                                      "available"
-                                    : "");
-    });
+    Argument<std::string> title{*this, "title", "The title of the context."};
+    Option<std::optional<FilePath>> fromFile{*this, "from-file",
+                                             "Path to a file containing the markdown body. Overrides stdin."};
+    Option<std::optional<std::string>> emoji{*this, "emoji", contextEmojiHelp};
+    Option<std::optional<std::string>> folder{*this, "folder", contextFolderHelp};
+    Option<std::vector<std::string>> sources{*this,
+                                             "sources",
+                                             {},
+                                             "Source document UUIDs for provenance tracking.",
+                                             {.parsing = ParsingStrategy::upToNextOption}};
+
+    void validate() const override {
+        validateUUIDIfGiven(folder, "folder");
+        validateSources(*sources);
+    }
+
+    void run() const override {
+        JsonBody body;
+        body.set("title", title)
+            .set("markdown", fromFile ? readTextFile(*fromFile) : pipedMarkdown())
+            .setIfGiven("emoji", emoji)
+            .setIfGiven("folderId", folder)
+            .setIfGiven("sources", sources);
+        const std::string path = buildQueryPath("/api/contexts", QueryItems().add("cliVerb", "tee"));
+        renderObject(servicePostJSON(path, std::move(body)), [](const platform::JsonObject& context) {
+            const bool isPending = context.boolean("cloudSyncPending") == true;
+            printMutationLine({.verb = "created context",
+                               .name = context.text("name"),
+                               .id = context.text("id"),
+                               .detail = isPending ? "still preparing for collaborative editing; it may take a few "
+                                                     "minutes to become available"
+                                                   : ""});
+        });
+    }
+};
+
+} // namespace
+
+CommandType teeCommand() {
+    return CommandType::of<Tee>();
 }
 
 } // namespace orvane

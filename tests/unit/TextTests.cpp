@@ -5,13 +5,13 @@
 #include <gtest/gtest.h>
 
 #include "core/CLIError.h"
-#include "core/Rendering.h"
+#include "core/SingleLine.h"
 #include "core/TextInput.h"
 #include "platform/Files.h"
 #include "platform/TerminalText.h"
 #include "platform/Text.h"
+#include "shell/RepoArgument.h"
 #include "shell/TabTable.h"
-#include "shell/Vocabulary.h"
 #include "support/TemporaryFiles.h"
 
 using namespace orvane;
@@ -89,11 +89,16 @@ TEST(SingleLine, FoldsTrimsAndCuts) {
 }
 
 TEST(TabTable, AlignsByCharactersAndEndsShortRowsEarly) {
-    EXPECT_EQ(renderTabTable({}, 8), "");
-    EXPECT_EQ(renderTabTable({{}}, 8), "");
-    EXPECT_EQ(
-        renderTabTable({{{"a", ""}, {"b", ""}, {"c", ""}}, {{"12345678", ""}, {" é\t", ""}, {"", ""}}, {{"x", ""}}}, 8),
-        "a\t\tb\tc\n12345678\té\t\nx\t\t\n");
+    TableRows rows;
+    EXPECT_EQ(renderTabTable(rows, 8), "");
+    for (const std::vector<std::string>& row :
+         {std::vector<std::string>{"a", "b", "c"}, {"12345678", " é\t", ""}, {"x"}}) {
+        for (const std::string& text : row) {
+            rows.add(text);
+        }
+        rows.endRow();
+    }
+    EXPECT_EQ(renderTabTable(rows, 8), "a\t\tb\tc\n12345678\té\t\nx\t\t\n");
 }
 
 TEST(RepoArguments, BecomeFullPathsOrStayKeys) {
@@ -120,7 +125,7 @@ protected:
     }
     static std::string failure(const std::string& path) {
         try {
-            readTextFile(path);
+            readTextFile({path});
         } catch (const CLIError& error) {
             return error.message;
         }
@@ -133,10 +138,10 @@ TEST_F(TextFiles, LoseOneLineFeed) {
         {"", ""}, {"\n", ""}, {"a\n\n", "a\n"}, {"a\r\n", "a\r\n"}, {"a\r\n\n", "a\r\n"}, {"é", "é"},
     };
     for (const auto& [bytes, text] : cases) {
-        EXPECT_EQ(readTextFile(write(bytes)), text);
+        EXPECT_EQ(readTextFile({write(bytes)}), text);
     }
     const std::string large(300'000, 'x');
-    EXPECT_EQ(readTextFile(write(large + "\n")), large);
+    EXPECT_EQ(readTextFile({write(large + "\n")}), large);
 }
 
 TEST_F(TextFiles, FailInWordsOfTheirOwn) {

@@ -1,0 +1,38 @@
+// What becomes of the service's answers: passed on as they came, or shown in the tool's own form.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/ServiceClient.h"
+#include "platform/Json.h"
+
+namespace orvane {
+
+/// Writes `data` byte for byte and one line feed to standard output.
+void printRawResponse(std::string_view data);
+
+/// Each makes a request and passes its answer on to standard output. A refusal is reported instead. They throw
+/// CLIError, or ExitCode behind a reported error.
+void passOnGet(std::string path, std::chrono::seconds timeout = standardTimeout);
+void passOnPostJSON(std::string path, JsonBody body, std::chrono::seconds timeout = standardTimeout);
+void passOnDelete(std::string path, std::chrono::seconds timeout = standardTimeout);
+
+/// Gives the object that a successful answer holds to `render`. One that holds none is no failure: it is passed on.
+template <class Render>
+void renderObject(std::string_view data, Render render) {
+    if (const auto document = platform::JsonDocument::parseObject(data)) {
+        render(document->object());
+    } else {
+        printRawResponse(data);
+    }
+}
+
+/// The same for an answer whose status nobody has looked at; an error status is reported and throws ExitCode.
+template <class Render>
+void renderObject(const ServiceReply& reply, Render render) {
+    failOnErrorStatus(reply);
+    renderObject(reply.data, render);
+}
+
+} // namespace orvane

@@ -1,0 +1,29 @@
+#include "core/Confirmation.h"
+
+#include "core/CLIError.h"
+#include "core/Style.h"
+#include "platform/Streams.h"
+#include "platform/Text.h"
+
+namespace orvane {
+
+void confirm(const Question& question) {
+    if (!platform::isTerminal(platform::Stream::input)) {
+        throw CLIError::invalidInput(std::string(question.noTerminal));
+    }
+    platform::writeStandardOutput({shownText(question.message), "\n", question.prompt});
+    const std::string line = platform::readStandardInputLine();
+    const std::string answer = platform::lowercased(platform::trimmed(line));
+    if (answer != "y" && answer != "yes") {
+        throw CLIError::invalidInput(std::string(question.refused));
+    }
+}
+
+void confirmDeletion(std::string_view message) {
+    confirm({.message = message,
+             .prompt = "Continue? [y/N] ",
+             .noTerminal = "Deletion requires interactive confirmation from a terminal.",
+             .refused = "Deletion cancelled."});
+}
+
+} // namespace orvane

@@ -1,0 +1,21 @@
+// The one-line report of a completed change.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace orvane {
+
+/// What is absent or empty leaves no trace.
+struct MutationLine {
+    std::string_view verb; ///< Such as "created folder".
+    std::optional<std::string_view> name = {};
+    std::optional<std::string_view> id = {};
+    std::string detail = {};
+};
+
+/// Prints such as: created folder "Notes"  <id>  <detail>
+void printMutationLine(const MutationLine& line);
+
+} // namespace orvane

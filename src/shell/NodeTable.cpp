@@ -1,0 +1,124 @@
+#include "shell/NodeTable.h"
+
+#include "core/Answers.h"
+#include "core/SingleLine.h"
+#include "platform/Streams.h"
+#include "shell/NodeRecord.h"
+#include "shell/TabTable.h"
+
+namespace orvane {
+
+namespace {
+
+using platform::JsonDocument;
+using platform::JsonObject;
+
+/// The columns that a page has only when one of its nodes has something to show in them.
+struct OptionalColumns {
+    bool shared = false;
+    bool session = false;
+    bool thread = false;
+};
+
+std::vector<JsonObject> grantsOf(const JsonObject& node) {
+    return node.objects("sharedWith").value_or(std::vector<JsonObject>());
+}
+
+OptionalColumns optionalColumns(const std::vector<JsonObject>& nodes) {
+    OptionalColumns columns;
+    for (const JsonObject& node : nodes) {
+        columns.shared = columns.shared || !grantsOf(node).empty();
+        columns.session = columns.session || node.text("initiated") || node.text("executionMode");
+        columns.thread = columns.thread || node.text("threadId");
+    }
+    return columns;
+}
+
+void addHeader(TableRows& rows, const OptionalColumns& columns) {
+    rows.add("kind", Style::bold);
+    rows.add("owner", Style::bold);
+    if (columns.shared) {
+        rows.add("shared", Style::bold);
+    }
+    if (columns.session) {
+        rows.add("initiated", Style::bold);
+        rows.add("execution", Style::bold);
+    }
+    rows.add("updated", Style::bold);
+    rows.add("id", Style::bold);
+    if (columns.thread) {
+        rows.add("thread", Style::bold);
+    }
+    rows.add("name", Style::bold);
+    rows.endRow();
+}
+
+void addNode(TableRows& rows, const JsonObject& node, const OptionalColumns& columns) {
+    constexpr std::size_t nameLimit = 80;
+    const std::string_view owner = ownerLabel(node.object("sourceOwner"));
+    rows.add(textOrEmpty(node, "kind"), Style::dim);
+    rows.add(owner, owner == "me" ? Style::green : Style::yellow);
+    if (columns.shared) {
+        rows.add(sharedWithLabel(grantsOf(node)), Style::magenta);
+    }
+    if (columns.session) {
+        rows.add(textOrEmpty(node, "initiated"), Style::magenta);
+        rows.add(textOrEmpty(node, "executionMode"), Style::dim);
+    }
+    rows.add(updatedLabel(node), Style::dim);
+    rows.add(textOrEmpty(node, "id"), Style::cyan);
+    if (columns.thread) {
+        rows.add(textOrEmpty(node, "threadId"), Style::cyan);
+    }
+    rows.add(singleLine(textOrEmpty(node, "name"), nameLimit), Style::bold);
+    rows.endRow();
+}
+
+std::string summary(const JsonObject& page, std::size_t nodeCount, std::string_view verb, Integer requestedOffset) {
+    const Integer returned = page.integer("returned").value_or(static_cast<Integer>(nodeCount));
+    const Integer offset = page.integer("offset").value_or(requestedOffset);
+    // Whatever numbers an answer holds, adding them up is defined.
+    const auto index = [&](Integer steps) {
+        return std::to_string(
+            static_cast<Integer>(static_cast<std::uint64_t>(offset) + static_cast<std::uint64_t>(steps)));
+    };
+    std::string text =
+        "orvane " + std::string(verb) + ": showing " + (returned == 0 ? "0" : index(1)) + "-" + index(returned);
+    if (const auto total = page.integer("total")) {
+        text += " of " + std::to_string(*total);
+    }
+    const auto nextOffset = page.integer("nextOffset");
+    if (nextOffset && page.boolean("hasMore") != false) {
+        text += "; more available with --offset " + std::to_string(*nextOffset);
+    }
+    return text + "\n";
+}
+
+} // namespace
+
+void renderNodeListing(const NodeListing& listing) {
+    constexpr std::size_t tabWidth = 8;
+    if (listing.json) {
+        passOnGet(listing.path);
+        return;
+    }
+    const ServiceReply reply = serviceGet(listing.path);
+    failOnErrorStatus(reply);
+    const auto document = JsonDocument::parseObject(reply.data);
+    const auto nodes = document ? document->object().objects("nodes") : std::nullopt;
+    if (!nodes) {
+        printRawResponse(reply.data);
+        return;
+    }
+    const OptionalColumns columns = optionalColumns(*nodes);
+    TableRows rows;
+    addHeader(rows, columns);
+    for (const JsonObject& node : *nodes) {
+        addNode(rows, node, columns);
+    }
+    const std::string table = renderTabTable(rows, tabWidth);
+    platform::writeStandardError(summary(document->object(), nodes->size(), listing.verb, listing.offset));
+    platform::writeStandardOutput(table);
+}
+
+} // namespace orvane
