@@ -2,9 +2,10 @@
 
 #include <algorithm>
 
+#include "ArgumentParser/BuiltInFlags.h"
 #include "ArgumentParser/CommandExit.h"
 #include "ArgumentParser/EditDistance.h"
-#include "ArgumentParser/HelpGenerator.h"
+#include "ArgumentParser/Tree.h"
 #include "platform/Text.h"
 
 namespace argumentparser {
@@ -19,11 +20,20 @@ std::string quotedList(const std::vector<std::string>& texts) {
     return quoted(platform::joined(texts, "', '"));
 }
 
+/// The path and the name joined with ".".
+std::string keyText(const InputKey& key) {
+    std::string text;
+    for (const std::string_view group : key.path) {
+        text.append(group).append(".");
+    }
+    return text.append(key.name);
+}
+
 /// Words the messages of one failed command.
 class ErrorMessageGenerator {
 public:
     explicit ErrorMessageGenerator(const CommandError& error)
-        : error_(error), command_(error.commandStack.back().construct()) {
+        : error_(error), command_(error.node->element().construct()) {
         const ArgumentSet all = command_->argumentSet();
         for (const ArgumentDefinition& definition : all.content()) {
             if (definition.isVisible()) {
@@ -58,7 +68,7 @@ public:
 
     std::string operator()(const MissingValueOrUnknownCompositeOption& error) const {
         return unknownOption(error.compositeName) + "\n   or: " + missingValue(error.shortName) + " in " +
-               quoted(rawText(error.origin));
+               quoted(error.group);
     }
 
     std::string operator()(const UnexpectedValueForOption& error) const {
@@ -68,29 +78,26 @@ public:
 
     std::string operator()(const UnexpectedExtraValues& error) const {
         if (error.values.size() == 1) {
-            return "Unexpected argument " + quoted(error.values.front().second);
+            return "Unexpected argument " + quoted(error.values.front());
         }
-        std::vector<std::string> texts;
-        for (const auto& [origin, text] : error.values) {
-            texts.push_back(text);
-        }
-        return std::to_string(texts.size()) + " unexpected arguments: " + quotedList(texts);
+        return std::to_string(error.values.size()) + " unexpected arguments: " + quotedList(error.values);
     }
 
     std::string operator()(const DuplicateExclusiveValues& error) const {
-        return "Value to be set with " + place(error.duplicate) + " had already been set with " + place(error.previous);
+        return "Value to be set with " + location(error.duplicate) + " had already been set with " +
+               location(error.previous);
     }
 
     std::string operator()(const NoValue& error) const {
         std::vector<std::string> synopses;
         for (const ArgumentDefinition& definition : arguments_.content()) {
             std::string synopsis = definition.synopsisWithoutBrackets();
-            if (bears(definition, error.key) && !synopsis.empty()) {
+            if (definition.key == error.key && !synopsis.empty()) {
                 synopses.push_back(std::move(synopsis));
             }
         }
         if (synopses.empty()) {
-            return "No value set for non-argument var " + error.key.text() +
+            return "No value set for non-argument var " + keyText(error.key) +
                    ". Replace with a static variable, or let constant.";
         }
         return (synopses.size() == 1 ? "Missing expected argument " : "Missing one of: ") + quotedList(synopses);
@@ -136,15 +143,10 @@ public:
     std::string operator()(const MissingSubcommand&) const { return "Missing required subcommand."; }
 
 private:
-    static bool bears(const ArgumentDefinition& definition, const InputKey& key) {
-        const auto& keys = definition.help.keys;
-        return std::find(keys.begin(), keys.end(), key) != keys.end();
-    }
-
     const ArgumentDefinition* definitionOf(const InputKey& key) const {
         const auto& content = arguments_.content();
         const auto found = std::find_if(content.begin(), content.end(),
-                                        [&](const ArgumentDefinition& definition) { return bears(definition, key); });
+                                        [&](const ArgumentDefinition& definition) { return definition.key == key; });
         return found == content.end() ? nullptr : &*found;
     }
 
@@ -175,7 +177,7 @@ private:
         std::size_t leastDistance = 4;
         std::string nearest;
         const auto consider = [&](const ArgumentDefinition& definition) {
-            for (const Name& name : definition.names()) {
+            for (const Name& name : definition.names) {
                 const std::size_t distance = editDistance(synopsis, name.synopsis());
                 if (distance < leastDistance) {
                     leastDistance = distance;
@@ -184,7 +186,7 @@ private:
             }
         };
         std::for_each(arguments_.content().begin(), arguments_.content().end(), consider);
-        const auto builtIns = builtInDefinitions(error_.commandStack);
+        const auto builtIns = builtInDefinitions(*error_.node);
         std::for_each(builtIns.begin(), builtIns.end(), consider);
         return nearest;
     }
@@ -195,22 +197,12 @@ private:
         return "Missing value for " + quoted(name.synopsis() + value);
     }
 
-    std::string rawText(const InputOrigin& origin) const {
-        const std::size_t position = origin.indices().front().inputIndex;
-        return position < error_.originalInput.size() ? error_.originalInput[position] : "";
-    }
-
-    std::string place(const InputOrigin& origin) const {
-        if (origin.isDefaultValue()) {
-            return "position default";
+    static std::string location(const FlagLocation& flag) {
+        if (!flag.subIndex) {
+            return "flag " + quoted(flag.text);
         }
-        const ArgumentIndex index = origin.indices().front();
-        const std::string text = rawText(origin);
-        if (index.isComplete()) {
-            return "flag " + quoted(text);
-        }
-        const auto characters = platform::splitCharacters(text);
-        return "flag " + quoted(characters.at(*index.subIndex + 1)) + " in " + quoted(text);
+        const auto characters = platform::splitCharacters(flag.text);
+        return "flag " + quoted(characters.at(*flag.subIndex + 1)) + " in " + quoted(flag.text);
     }
 
     static std::string invalidValueReason(const UnableToParseValue& error, const ArgumentDefinition* definition) {
@@ -221,15 +213,15 @@ private:
         }
         std::vector<std::string> values;
         if (definition != nullptr) {
-            for (const std::string_view value : definition->help.allValueStrings) {
+            for (const std::string_view value : definition->allValueStrings()) {
                 values.push_back(quoted(value));
             }
         }
         if (values.empty()) {
             return {};
         }
-        constexpr std::size_t longestLine = 5;
-        if (values.size() > longestLine) {
+        constexpr std::size_t maximumInLine = 5;
+        if (values.size() > maximumInLine) {
             return ". Please provide one of the following:\n  - " + platform::joined(values, "\n  - ");
         }
         std::string last = values.back();

@@ -34,7 +34,7 @@ struct argumentparser::ClosedSet<Mode> {
 namespace {
 
 std::string helpOf(const CommandType& command, int columns, ArgumentVisibility visibility = ArgumentVisibility::shown) {
-    return HelpGenerator({command}, visibility).rendered(columns);
+    return HelpGenerator(Tree(command), visibility).rendered(columns);
 }
 
 struct Paging final : ParsableArguments {
@@ -160,8 +160,9 @@ TEST(Help, IsNamedByErrorsWithoutTheSuperCommand) {
 }
 
 TEST(Help, OfALeafBelowAVersion) {
+    const Tree root(CommandType::of<Rich>());
     EXPECT_EQ(
-        HelpGenerator({CommandType::of<Rich>(), CommandType::of<Child>()}, ArgumentVisibility::shown).rendered(80),
+        HelpGenerator(*root.child("child"), ArgumentVisibility::shown).rendered(80),
         "OVERVIEW: A child.\n\nUSAGE: super rich child <word>\n\nARGUMENTS:\n  <word>\n\n"
         "OPTIONS:\n  --version               Show the version.\n");
 }
@@ -218,7 +219,7 @@ struct Many final : parsertest::Tool {
 
 template <class Command>
 std::string usageOf() {
-    return usageText({CommandType::of<Command>()}, Command().argumentSet());
+    return usageText(Tree(CommandType::of<Command>()), Command().argumentSet());
 }
 
 struct Forms final : ParsableCommand {

@@ -173,7 +173,7 @@ TEST(ParserErrors, WithoutAnyArgumentsShowTheHelpOfTheRoot) {
 
 template <class Command>
 void construct() {
-    Tree(CommandType::of<Command>());
+    Tree(CommandType::of<Command>()).child("help");
 }
 
 struct OwnChild final : ParsableCommand {

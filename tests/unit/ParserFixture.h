@@ -83,7 +83,8 @@ std::string outcome(std::string_view line) {
     setenv("COLUMNS", "80", 1);
     argumentparser::CommandParser parser(argumentparser::CommandType::of<Root>());
     try {
-        parser.parse(words(line)).run();
+        const std::vector<std::string> texts = words(line);
+        parser.parse(std::vector<std::string_view>(texts.begin(), texts.end())).run();
         return "ran";
     } catch (...) {
         const auto info = argumentparser::MessageInfo::of(std::current_exception(), parser.commandTree());

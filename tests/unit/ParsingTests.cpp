@@ -1,6 +1,5 @@
 #include <cstdint>
 
-#include "ArgumentParser/SplitArguments.h"
 #include "unit/ParserFixture.h"
 
 using namespace argumentparser;
@@ -8,7 +7,6 @@ using parsertest::expectRows;
 using parsertest::outcome;
 using parsertest::print;
 using parsertest::Tool;
-using parsertest::words;
 
 namespace {
 
@@ -32,58 +30,6 @@ struct argumentparser::ClosedSet<Size> {
 };
 
 namespace {
-
-/// "--name=value@0 -a@1.0 'text'@2 terminator@3", or the name of what it failed with.
-std::string splitting(std::string_view line) {
-    const std::vector<std::string> arguments = words(line);
-    std::string text;
-    try {
-        const SplitArguments split(arguments);
-        for (const SplitArguments::Element& element : split.elements()) {
-            text += text.empty() ? "" : " ";
-            if (const ParsedArgument* option = element.option()) {
-                text += option->name.synopsis() + (option->value ? "=" + std::string(*option->value) : "");
-            } else {
-                text += element.isTerminator() ? "terminator" : "'" + std::string(*element.text()) + "'";
-            }
-            text += "@" + std::to_string(element.index.inputIndex);
-            text += element.index.subIndex ? "." + std::to_string(*element.index.subIndex) : "";
-        }
-    } catch (const ParserError& error) {
-        if (const auto* invalid = std::get_if<InvalidOption>(&error)) {
-            return "invalid " + invalid->text;
-        }
-        return "not alphanumeric " + std::get<NonAlphanumericShortOption>(error).character;
-    }
-    return text;
-}
-
-TEST(Splitting, OneText) {
-    const std::pair<const char*, const char*> rows[] = {
-        {"''", "''@0"},
-        {"-", "'-'@0"},
-        {"a-b=c", "'a-b=c'@0"},
-        {"--", "terminator@0"},
-        {"---", "invalid ---"},
-        {"---name", "invalid ---name"},
-        {"--name", "--name@0"},
-        {"--name=a=b", "--name=a=b@0"},
-        {"--name=", "--name@0"},
-        {"-n", "-n@0"},
-        {"-1", "-1@0"},
-        {"-?", "-?@0"},
-        {"-n=5", "-n=5@0"},
-        {"-n=", "-n=@0"},
-        {"-=x", "invalid -=x"},
-        {"-abc", "-abc@0 -a@0.0 -b@0.1 -c@0.2"},
-        {"-ab=x=y", "-ab=x=y@0 -a@0.0 -b=x=y@0.1"},
-        {"-aé", "-aé@0 -a@0.0 -é@0.1"},
-        {"-a-b", "not alphanumeric -"},
-        {"a -- -b --c --- -- ''", "'a'@0 terminator@1 '-b'@2 '--c'@3 '---'@4 '--'@5 ''@6"}};
-    for (const auto& [line, expected] : rows) {
-        EXPECT_EQ(splitting(line), expected) << line;
-    }
-}
 
 struct Options final : Tool {
     Option<std::optional<std::string>> file{*this, "file", "", {.names = {longName(), shortName()}}};
