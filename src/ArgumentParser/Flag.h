@@ -80,7 +80,7 @@ public:
         if constexpr (isCounter) {
             this->setValue(this->get() + 1);
         } else {
-            choose(memberValue(definition.member), {std::string(occurrence.originalText), occurrence.subIndex});
+            choose(memberValue(definition.member), occurrence);
         }
     }
 
@@ -139,23 +139,25 @@ private:
         }
     }
 
-    void choose(Element value, FlagLocation location) {
-        const bool differs = previous_ && this->get() != T(value);
-        if (differs && exclusivity_ == FlagExclusivity::exclusive) {
-            throw ParserError(DuplicateExclusiveValues{*previous_, std::move(location)});
+    void choose(Element value, const Occurrence& occurrence) {
+        const auto location = [&] { return FlagLocation{std::string(occurrence.originalText), occurrence.subIndex}; };
+        if (!first_) {
+            first_ = location();
+        } else if (this->get() != T(value)) {
+            if (exclusivity_ == FlagExclusivity::exclusive) {
+                throw ParserError(DuplicateExclusiveValues{*first_, location()});
+            }
+            if (exclusivity_ == FlagExclusivity::chooseFirst) {
+                return;
+            }
         }
-        if (!differs || exclusivity_ == FlagExclusivity::chooseLast) {
-            this->setValue(value);
-        }
-        if (!previous_) {
-            previous_ = std::move(location);
-        }
+        this->setValue(value);
     }
 
     NameSpecification names_;
     std::optional<FlagInversion> inversion_;
     FlagExclusivity exclusivity_;
-    std::optional<FlagLocation> previous_; ///< The first one given.
+    std::optional<FlagLocation> first_; ///< Of those given.
 };
 
 } // namespace argumentparser
