@@ -56,7 +56,7 @@ struct Rich final : ParsableCommand {
     static CommandConfiguration configuration() {
         return {
             .commandName = "rich",
-            ._superCommandName = "super",
+            ._superCommandName = "super tool",
             .abstract = "Does a great many things, one after the other, and then some more of them.",
             .discussion = "First paragraph.\n\nSecond one.",
             .version = "1.0",
@@ -97,7 +97,7 @@ First paragraph.
 
 Second one.
 
-USAGE: super rich [<options>] <source-file> --exact567890 <exact567890> [<more> ...] <subcommand>
+USAGE: super tool rich [<options>] <source-file> --exact567890 <exact567890> [<more> ...] <subcommand>
 
 ARGUMENTS:
   <source-file>           What to read from.
@@ -136,7 +136,7 @@ SUBCOMMANDS:
 EXTRA SUBCOMMANDS:
   child, c, kid (default) A child.
 
-  See 'super help rich <subcommand>' for detailed help.)");
+  See 'super tool help rich <subcommand>' for detailed help.)");
 }
 
 TEST(Help, HiddenInputsAreShownOnRequest) {
@@ -154,17 +154,16 @@ TEST(Help, HiddenInputsAreShownOnRequest) {
 TEST(Help, IsNamedByErrorsWithoutTheSuperCommand) {
     const std::string error = outcome<Rich>("--what");
     EXPECT_TRUE(
-        error.ends_with("\nUsage: super rich [<options>] <source-file> --exact567890 <exact567890> [<more> ...] "
+        error.ends_with("\nUsage: super tool rich [<options>] <source-file> --exact567890 <exact567890> [<more> ...] "
                         "<subcommand>\n  See 'rich --help' for more information."))
         << error;
 }
 
 TEST(Help, OfALeafBelowAVersion) {
     const Tree root(CommandType::of<Rich>());
-    EXPECT_EQ(
-        HelpGenerator(*root.child("child"), ArgumentVisibility::shown).rendered(80),
-        "OVERVIEW: A child.\n\nUSAGE: super rich child <word>\n\nARGUMENTS:\n  <word>\n\n"
-        "OPTIONS:\n  --version               Show the version.\n");
+    EXPECT_EQ(HelpGenerator(*root.child("child"), ArgumentVisibility::shown).rendered(80),
+              "OVERVIEW: A child.\n\nUSAGE: super tool rich child <word>\n\nARGUMENTS:\n  <word>\n\n"
+              "OPTIONS:\n  --version               Show the version.\n");
 }
 
 struct Bare final : ParsableCommand {
@@ -224,7 +223,7 @@ std::string usageOf() {
 
 struct Forms final : ParsableCommand {
     static CommandConfiguration configuration() {
-        return {.commandName = "forms", .ungroupedSubcommands = {CommandType::of<Child>()}};
+        return {.commandName = "many forms", .ungroupedSubcommands = {CommandType::of<Child>()}};
     }
     Option<std::vector<int>> list{*this, "list", "", {.names = {shortName(), customLong("long", true)}}};
     Flag<int> count{*this, "count", ""};
@@ -232,6 +231,11 @@ struct Forms final : ParsableCommand {
     Argument<std::vector<std::string>> pass{
         *this, "pass", {}, ArgumentHelp("", {.valueName = "what"}), {.parsing = ParsingStrategy::allRemainingInput}};
 };
+
+TEST(Help, PointsToTheSubcommandsBehindWholeNames) {
+    EXPECT_TRUE(
+        helpOf(CommandType::of<Forms>(), 80).ends_with("  See 'many forms help <subcommand>' for detailed help."));
+}
 
 TEST(Help, Usage) {
     EXPECT_EQ((usageOf<Many<0, 0, false>>()), "tool");
@@ -242,7 +246,7 @@ TEST(Help, Usage) {
     EXPECT_EQ((usageOf<Many<12, 2, false>>()), "tool [<options>] --a <a> --b <b>");
     EXPECT_EQ((usageOf<Many<0, 13, false>>()), "tool <options>");
     EXPECT_EQ(usageOf<Forms>(),
-              "forms -long <long> ... [--count ...] --enable-on --disable-on [-- <what> ...] <subcommand>");
+              "many forms -long <long> ... [--count ...] --enable-on --disable-on [-- <what> ...] <subcommand>");
 }
 
 TEST(Help, Wrapping) {

@@ -1,3 +1,4 @@
+#include <new>
 #include <stdexcept>
 
 #include "unit/ParserFixture.h"
@@ -23,6 +24,9 @@ int evenNumber(std::string_view text) {
     const std::optional<int> number = platform::parseNumber<int>(text);
     if (!number) {
         throw std::runtime_error("not a number at all");
+    }
+    if (*number == 0) {
+        throw std::bad_alloc();
     }
     if (*number % 2 != 0) {
         throw ValidationError{"odd"};
@@ -51,6 +55,8 @@ TEST(ParserErrors, Messages) {
         {"--kin", "Unknown option '--kin'. Did you mean '--kind'?"},
         {"--hlp", "Unknown option '--hlp'. Did you mean '--help'?"},
         {"--onen", "Unknown option '--onen'. Did you mean '--only'?"}, // as far from --even, which comes later
+        {"--letterabc", "Unknown option '--letterabc'. Did you mean '--letter'?"},
+        {"--letterabcd", "Unknown option '--letterabcd'"},
         {"-kind", "Unknown option '-kind'. Did you mean '--kind'?"},
         {"--secretNumbr", "Unknown option '--secretNumbr'"},
         {"--version", "Unknown option '--version'"},
@@ -70,6 +76,7 @@ TEST(ParserErrors, Messages) {
                        "  - 'a'\n  - 'b'\n  - 'c'\n  - 'd'\n  - 'e'\n  - 'f'"},
         {"--sole x", "The value 'x' is invalid for '--sole <only>'. Please provide one of 'a'."},
         {"--even 3", "The value '3' is invalid for '--even <even>': odd"},
+        {"--even 0", "1|Error: Out of memory."},
         {"--even x", "The value 'x' is invalid for '--even <even>': not a number at all"},
         {"--secret-number x", "The value 'x' is invalid for '--secret-number'"},
         {"x", "Help:  <count>  How many.\nError: The value 'x' is invalid for '<count>'"},
@@ -117,6 +124,9 @@ private:
         if (*what == "named") {
             throw CleanExit::helpRequest(CommandType::of<Thrower>());
         }
+        if (*what == "memory") {
+            throw std::bad_alloc();
+        }
         throw std::runtime_error(*what == "nothing" ? "" : "broken");
     }
 };
@@ -152,6 +162,8 @@ TEST(ParserErrors, WhatACommandThrows) {
         {"thrower message --early", "done"},
         {"thrower other", "1|Error: broken"},
         {"thrower other --early", "1|Error: broken"},
+        {"thrower memory", "1|Error: Out of memory."},
+        {"thrower memory --early", "1|Error: Out of memory."},
         {"thrower nothing", "1|"},
         {"thrower help", outcome<Top>("--help")},
         {"thrower help --early", outcome<Top>("help thrower")},
@@ -189,6 +201,7 @@ struct StrayDefault final : ParsableCommand {
         return {.commandName = "stray", .defaultSubcommand = CommandType::of<Thrower>()};
     }
     Option<std::vector<std::string>> post{*this, "post", {}, "", {.parsing = ParsingStrategy::postTerminator}};
+    Option<std::vector<std::string>> left{*this, "left", {}, "", {.parsing = ParsingStrategy::allUnrecognized}};
 };
 
 std::string banner(const std::string& message) {
@@ -203,10 +216,9 @@ TEST(ParserErrors, FaultsOfADeclaration) {
                 banner("The command \"own-alias\" can't have an alias with the same name as the command itself\\."));
     EXPECT_EXIT(*Thrower().what, testing::ExitedWithCode(1),
                 banner("Can't read a value from a parsable\u00A0argument definition\\.(.|\n)*"));
-    expectRows<StrayDefault>({
-        {"x", "Internal error. Invalid state while parsing command-line arguments."},
-        {"--post x", "Internal error. Invalid state while parsing command-line arguments."},
-    });
+    for (const char* line : {"x", "--post x", "--post", "--post=x", "--left x", "--left=x"}) {
+        expectRows<StrayDefault>({{line, "Internal error. Invalid state while parsing command-line arguments."}});
+    }
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 
 #include <cstdlib>
 #include <initializer_list>
+#include <source_location>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,8 +11,8 @@
 #include <gtest/gtest.h>
 
 #include "ArgumentParser/Argument.h"
-#include "ArgumentParser/CommandParser.h"
 #include "ArgumentParser/CommandExit.h"
+#include "ArgumentParser/CommandParser.h"
 #include "ArgumentParser/Flag.h"
 #include "ArgumentParser/MessageInfo.h"
 #include "ArgumentParser/Option.h"
@@ -96,6 +97,7 @@ std::string outcome(std::string_view line) {
 struct Row {
     std::string_view line;
     std::string expected; ///< All of the outcome; of a refusal what stands above the usage, without "64|Error: ".
+    std::source_location where = std::source_location::current();
 };
 
 template <class Root>
@@ -106,7 +108,8 @@ void expectRows(std::initializer_list<Row> rows) {
             actual = actual.substr(3, actual.find("\nUsage: ") - 3);
             actual.erase(0, actual.starts_with("Error: ") ? 7 : 0);
         }
-        EXPECT_EQ(actual, row.expected) << "line: " << row.line;
+        const testing::ScopedTrace trace(row.where.file_name(), static_cast<int>(row.where.line()), row.line);
+        EXPECT_EQ(actual, row.expected);
     }
 }
 

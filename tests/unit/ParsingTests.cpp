@@ -1,5 +1,7 @@
+#include <concepts>
 #include <cstdint>
 
+#include "ArgumentParser/FilePath.h"
 #include "unit/ParserFixture.h"
 
 using namespace argumentparser;
@@ -61,9 +63,19 @@ TEST(Parsing, EveryStrategyOfAnOption) {
         {"--file x --file y", "file=y" + rest},
         {"--json {}", "scan=[1,2] up=[old] json={}"},
         {"-fn F N", "file=F number=N" + rest},
+        {"--file=a=b", "file=a=b" + rest},
         {"--file", "Missing value for '--file <file>'"},
         {"--file -5", "Missing value for '--file <file>'"},
         {"--file -- x", "Missing value for '--file <file>'"},
+        // What is a value, and what is behind the terminator.
+        {"- '' a-b=c -- -b --c --- -- ''", "scan=[1,2] up=[old] values=[-,'',a-b=c,-b,--c,---,--,'']"},
+        {"-aé -b", "Unknown option '-é'"},
+        {"-a-b", "Invalid option: --"},
+        {"---file", "Invalid option: ---file"},
+        // A dash or "=" under a combining mark is another character.
+        {"-\u0301 --file -\u0301x", "file=-\u0301x scan=[1,2] up=[old] values=[-\u0301]"},
+        {"--\u0301", "Unknown option '--\u0301'"},
+        {"--file=\u0301x", "Unknown option '--file=\u0301x'. Did you mean '--file'?"},
         // Joined, and a group that is a long name behind a single dash.
         {"-n5", "number=5" + rest},
         {"-nba=x", "number=ba=x" + rest},
@@ -173,19 +185,42 @@ std::string reading(std::initializer_list<std::string_view> texts) {
 }
 
 TEST(Parsing, ValueTypes) {
-    EXPECT_EQ(reading<std::int8_t>({"-128", "127", "-129", "128"}), "-128 127 - -");
     EXPECT_EQ(reading<std::uint8_t>({"255", "256", "-1"}), "255 - -");
-    EXPECT_EQ(reading<std::int16_t>({"-32768", "-32769"}), "-32768 -");
-    EXPECT_EQ(reading<std::uint16_t>({"65535", "65536"}), "65535 -");
-    EXPECT_EQ(reading<std::int32_t>({"2147483647", "2147483648"}), "2147483647 -");
-    EXPECT_EQ(reading<std::uint32_t>({"4294967295", "4294967296"}), "4294967295 -");
     EXPECT_EQ(reading<std::int64_t>({"-9223372036854775808", "9223372036854775808"}), "-9223372036854775808 -");
-    EXPECT_EQ(reading<std::uint64_t>({"18446744073709551615", "18446744073709551616"}), "18446744073709551615 -");
-    EXPECT_EQ(reading<int>({"", " 1", "1 ", "1.0", "0x10", "1e3", "١", "--1", "+-1", "007"}), "- - - - - - - - - 7");
-    EXPECT_EQ(reading<double>({"-1.5e3", "", "1,5", "1.5x", "0x1p3", " 1"}), "-1500 - - - - -");
-    EXPECT_EQ(reading<float>({"0.25", "1e39"}), "0.25 -");
+    EXPECT_EQ(reading<int>({"", " 1", "1 ", "1.0", "0x10", "1e3", "١", "--1", "+-1", "+7"}), "- - - - - - - - - 7");
+    EXPECT_EQ(reading<double>({"-1.5e3", "+.5", "", "+-1", "1,5", "1.5x", "0x1p3", " 1"}), "-1500 0.5 - - - - - -");
+    EXPECT_EQ(reading<double>({"inf", "-Infinity", "nan", "1e400", "1e-400", "-1e-400"}), "- - - - 0 -0");
+    EXPECT_EQ(reading<float>({"0.25", "1e39", "1e-60"}), "0.25 - 0");
     EXPECT_EQ(reading<bool>({"true", "false", "True", "1", ""}), "true false - - -");
     EXPECT_EQ(reading<Speed>({"verySlow", "very-slow", ""}), "verySlow - -");
+}
+
+struct Unreadable {};
+
+static_assert(InputValue<std::string> && InputValue<std::optional<int>> && InputValue<std::vector<int>>);
+static_assert(!InputValue<std::optional<std::vector<int>>> && !InputValue<std::vector<std::optional<int>>>);
+static_assert(std::default_initializable<Transform<int>> && !std::default_initializable<Transform<Unreadable>>);
+static_assert(std::constructible_from<Transform<Unreadable>, Unreadable (*)(std::string_view)>);
+
+int byteCount(std::string_view text) {
+    return static_cast<int>(text.size());
+}
+
+struct Bytes final : Tool {
+    Option<FilePath> file{*this, "file", ""};
+    Option<std::string> text{*this, "text", ""};
+    Option<std::optional<int>> size{*this, "size", "", {.transform = byteCount}};
+    Argument<std::vector<FilePath>> others{*this, "others", {}, ""};
+
+    void run() const override { print("file text size others", file, text, size, others); }
+};
+
+TEST(Parsing, KeepsTheBytesOfAFileName) {
+    expectRows<Bytes>({
+        {"--file a\xFF --text a\xFF\xC3 b\xFE", "file=a\xFF text=a\uFFFD\uFFFD others=[b\xFE]"},
+        {"--file=\xC3( --text=\xC3( --size \xFF", "file=\xC3( text=\uFFFD( size=3"},
+    });
+    EXPECT_TRUE(std::holds_alternative<CompletionKind::File>(ArgumentValue<FilePath>::defaultCompletionKind().value));
 }
 
 /// The hooks of one run, in order.
