@@ -29,29 +29,26 @@ std::string keyText(const InputKey& key) {
     return text.append(key.name);
 }
 
-/// Words the messages of one failed command.
-class ErrorMessageGenerator {
+bool isVisible(const ArgumentDefinition& definition, const InputKey& key) {
+    return definition.isVisible() && definition.key == key;
+}
+
+const ArgumentDefinition* visibleDefinition(const ArgumentSet& arguments, const InputKey& key) {
+    const auto& content = arguments.content();
+    const auto found = std::find_if(content.begin(), content.end(),
+                                    [&](const ArgumentDefinition& definition) { return isVisible(definition, key); });
+    return found == content.end() ? nullptr : &*found;
+}
+
+const ArgumentDefinition* visibleDefinition(const ArgumentSet& arguments, const Name& name) {
+    const ArgumentDefinition* definition = arguments.find(name);
+    return definition != nullptr && definition->isVisible() ? definition : nullptr;
+}
+
+/// Words a message for each kind of error.
+class Wording {
 public:
-    explicit ErrorMessageGenerator(const CommandError& error)
-        : error_(error), command_(error.node->element().construct()) {
-        const ArgumentSet all = command_->argumentSet();
-        for (const ArgumentDefinition& definition : all.content()) {
-            if (definition.isVisible()) {
-                arguments_.append(definition);
-            }
-        }
-    }
-
-    std::string message() const { return std::visit(*this, error_.parserError); }
-
-    std::string helpLine() const {
-        const ArgumentDefinition* definition = failingDefinition();
-        if (definition == nullptr || definition->help.abstract.empty()) {
-            return {};
-        }
-        std::string form = definition->isPositional() ? "" : definition->preferredName()->synopsis() + " ";
-        return form + "<" + definition->valueName() + ">  " + std::string(definition->help.abstract);
-    }
+    Wording(const Tree& node, const ArgumentSet& arguments) : node_(node), arguments_(arguments) {}
 
     std::string operator()(const HelpRequested&) const { return {}; }
     std::string operator()(const VersionRequested&) const { return {}; }
@@ -92,7 +89,7 @@ public:
         std::vector<std::string> synopses;
         for (const ArgumentDefinition& definition : arguments_.content()) {
             std::string synopsis = definition.synopsisWithoutBrackets();
-            if (definition.key == error.key && !synopsis.empty()) {
+            if (isVisible(definition, error.key) && !synopsis.empty()) {
                 synopses.push_back(std::move(synopsis));
             }
         }
@@ -104,7 +101,7 @@ public:
     }
 
     std::string operator()(const UnableToParseValue& error) const {
-        const ArgumentDefinition* definition = definitionOf(error.key);
+        const ArgumentDefinition* definition = visibleDefinition(arguments_, error.key);
         std::string valueName = definition == nullptr ? "" : "<" + definition->valueName() + ">";
         std::string target = error.name ? error.name->synopsis() : "";
         if (!target.empty() && !valueName.empty()) {
@@ -143,26 +140,6 @@ public:
     std::string operator()(const MissingSubcommand&) const { return "Missing required subcommand."; }
 
 private:
-    const ArgumentDefinition* definitionOf(const InputKey& key) const {
-        const auto& content = arguments_.content();
-        const auto found = std::find_if(content.begin(), content.end(),
-                                        [&](const ArgumentDefinition& definition) { return definition.key == key; });
-        return found == content.end() ? nullptr : &*found;
-    }
-
-    const ArgumentDefinition* failingDefinition() const {
-        if (const auto* error = std::get_if<NoValue>(&error_.parserError)) {
-            return definitionOf(error->key);
-        }
-        if (const auto* error = std::get_if<MissingValueForOption>(&error_.parserError)) {
-            return arguments_.find(error->name);
-        }
-        if (const auto* error = std::get_if<UnableToParseValue>(&error_.parserError)) {
-            return definitionOf(error->key);
-        }
-        return nullptr;
-    }
-
     std::string unknownOption(const Name& name) const {
         const std::string message = "Unknown option " + quoted(name.synopsis());
         if (name.kind == Name::Kind::shortName) {
@@ -177,6 +154,9 @@ private:
         std::size_t leastDistance = 4;
         std::string nearest;
         const auto consider = [&](const ArgumentDefinition& definition) {
+            if (!definition.isVisible()) {
+                return;
+            }
             for (const Name& name : definition.names) {
                 const std::size_t distance = editDistance(synopsis, name.synopsis());
                 if (distance < leastDistance) {
@@ -186,13 +166,13 @@ private:
             }
         };
         std::for_each(arguments_.content().begin(), arguments_.content().end(), consider);
-        const auto builtIns = builtInDefinitions(*error_.node);
+        const auto builtIns = builtInDefinitions(node_);
         std::for_each(builtIns.begin(), builtIns.end(), consider);
         return nearest;
     }
 
     std::string missingValue(const Name& name) const {
-        const ArgumentDefinition* definition = arguments_.find(name);
+        const ArgumentDefinition* definition = visibleDefinition(arguments_, name);
         const std::string value = definition == nullptr ? "" : " <" + definition->valueName() + ">";
         return "Missing value for " + quoted(name.synopsis() + value);
     }
@@ -230,19 +210,36 @@ private:
                ".";
     }
 
-    const CommandError& error_;
-    std::unique_ptr<ParsableCommand> command_;
-    ArgumentSet arguments_; ///< The visible ones.
+    const Tree& node_;
+    const ArgumentSet& arguments_;
 };
+
+const ArgumentDefinition* failingDefinition(const ParserError& parserError, const ArgumentSet& arguments) {
+    if (const auto* error = std::get_if<NoValue>(&parserError)) {
+        return visibleDefinition(arguments, error->key);
+    }
+    if (const auto* error = std::get_if<MissingValueForOption>(&parserError)) {
+        return visibleDefinition(arguments, error->name);
+    }
+    if (const auto* error = std::get_if<UnableToParseValue>(&parserError)) {
+        return visibleDefinition(arguments, error->key);
+    }
+    return nullptr;
+}
 
 } // namespace
 
-std::string errorMessage(const CommandError& error) {
-    return ErrorMessageGenerator(error).message();
+std::string ErrorMessageGenerator::message() const {
+    return std::visit(Wording(*error_.node, arguments_), error_.parserError);
 }
 
-std::string errorHelpLine(const CommandError& error) {
-    return ErrorMessageGenerator(error).helpLine();
+std::string ErrorMessageGenerator::helpLine() const {
+    const ArgumentDefinition* definition = failingDefinition(error_.parserError, arguments_);
+    if (definition == nullptr || definition->help.abstract.empty()) {
+        return {};
+    }
+    const std::string form = definition->isPositional() ? "" : definition->preferredName()->synopsis() + " ";
+    return form + "<" + definition->valueName() + ">  " + std::string(definition->help.abstract);
 }
 
 std::string errorDescription(const std::exception_ptr& error) {

@@ -16,9 +16,8 @@ MessageInfo helpScreen(const Tree& node, ArgumentVisibility visibility = Argumen
     return {MessageInfo::Help{HelpGenerator(node, visibility).rendered()}};
 }
 
-std::string usageBlock(const Tree& node) {
-    const std::unique_ptr<ParsableCommand> command = node.element().construct();
-    std::string block = usageMessage(node, command->argumentSet());
+std::string usageBlock(const Tree& node, const ArgumentSet& arguments) {
+    std::string block = usageMessage(node, arguments);
     if (const auto helpName = primaryHelpFlagName(node)) {
         block += block.empty() ? "" : "\n";
         block += "  See '" + commandNames(node) + " " + helpName->synopsis() + "' for more information.";
@@ -38,12 +37,15 @@ MessageInfo messageOf(const CleanExit& exit, const Tree& selected, const Tree& r
     return node != nullptr ? helpScreen(*node) : helpScreen(Tree(*command));
 }
 
-/// For what a command's hook threw, while the command at `selected` was the last one.
-MessageInfo messageOfHookError(const std::exception_ptr& error, const Tree& selected, const Tree& root) {
+/// For whatever was thrown, by a hook of the command at `selected` unless it is a CommandError.
+MessageInfo messageOf(const std::exception_ptr& error, const Tree& selected, const Tree& root) {
     try {
         std::rethrow_exception(error);
+    } catch (const CommandError& commandError) {
+        return MessageInfo::of(commandError, root);
     } catch (const ValidationError& validation) {
-        return {MessageInfo::Validation{validation.message, usageBlock(selected), {}}};
+        const std::unique_ptr<ParsableCommand> command = selected.element().construct();
+        return {MessageInfo::Validation{validation.message, usageBlock(selected, command->argumentSet()), {}}};
     } catch (const CleanExit& exit) {
         return messageOf(exit, selected, root);
     } catch (const ExitCode& code) {
@@ -69,22 +71,19 @@ MessageInfo MessageInfo::of(const CommandError& error, const Tree& root) {
         return {Help{std::string(versionOf(*error.node))}};
     }
     if (const auto* hookError = std::get_if<UserValidationError>(&error.parserError)) {
-        return messageOfHookError(hookError->error, *error.node, root);
+        return messageOf(hookError->error, *error.node, root);
     }
+    const std::unique_ptr<ParsableCommand> command = error.node->element().construct();
+    const ArgumentSet arguments = command->argumentSet();
+    const ErrorMessageGenerator generator(error, arguments);
     if (std::holds_alternative<NoArguments>(error.parserError)) {
-        return {Validation{errorMessage(error), "\n" + helpScreen(root).fullText(), {}}};
+        return {Validation{generator.message(), "\n" + helpScreen(root).fullText(), {}}};
     }
-    return {Validation{errorMessage(error), usageBlock(*error.node), errorHelpLine(error)}};
+    return {Validation{generator.message(), usageBlock(*error.node, arguments), generator.helpLine()}};
 }
 
 MessageInfo MessageInfo::of(const std::exception_ptr& error, const Tree& root) {
-    try {
-        std::rethrow_exception(error);
-    } catch (const CommandError& commandError) {
-        return of(commandError, root);
-    } catch (...) {
-        return messageOfHookError(error, root, root);
-    }
+    return messageOf(error, root, root);
 }
 
 std::string MessageInfo::fullText() const {

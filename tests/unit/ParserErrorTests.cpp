@@ -6,6 +6,7 @@
 using namespace argumentparser;
 using parsertest::expectRows;
 using parsertest::outcome;
+using parsertest::Row;
 
 namespace {
 
@@ -51,38 +52,39 @@ struct Failing final : parsertest::Tool {
 TEST(ParserErrors, Messages) {
     const std::string kindHelp = "Help:  --kind <kind>  What kind.\nError: ";
     expectRows<Failing>({
-        {"", "ran"},
-        {"--kin", "Unknown option '--kin'. Did you mean '--kind'?"},
-        {"--hlp", "Unknown option '--hlp'. Did you mean '--help'?"},
-        {"--onen", "Unknown option '--onen'. Did you mean '--only'?"}, // as far from --even, which comes later
-        {"--letterabc", "Unknown option '--letterabc'. Did you mean '--letter'?"},
-        {"--letterabcd", "Unknown option '--letterabcd'"},
-        {"-kind", "Unknown option '-kind'. Did you mean '--kind'?"},
-        {"--secretNumbr", "Unknown option '--secretNumbr'"},
-        {"--version", "Unknown option '--version'"},
-        {"-x", "Unknown option '-x'"},
-        {"1 2 3 --what 4", "Unknown option '--what'"},
-        {"---", "Invalid option: ---"},
-        {"-=x", "Invalid option: -=x"},
-        {"-k.x", "Invalid option: -."},
-        {"--kind", kindHelp + "Missing value for '--kind <kind>'"},
-        {"--letter", "Missing value for '--letter <x>'"},
-        {"-o", "Missing value for '-o <only>'"},
-        {"-xo=", "The value '' is invalid for '-o <only>'. Please provide one of 'a'."},
-        {"-ox=1", "Unknown option '-ox'. Did you mean '-o'?\n   or: Missing value for '-o <only>' in '-ox=1'"},
-        {"--secret-number", "Missing value for '--secret-number'"},
-        {"--kind x", kindHelp + "The value 'x' is invalid for '--kind <kind>'. Please provide one of 'a', 'b' or 'c'."},
-        {"--letter x", "The value 'x' is invalid for '--letter <x>'. Please provide one of the following:\n"
-                       "  - 'a'\n  - 'b'\n  - 'c'\n  - 'd'\n  - 'e'\n  - 'f'"},
-        {"--sole x", "The value 'x' is invalid for '--sole <only>'. Please provide one of 'a'."},
-        {"--even 3", "The value '3' is invalid for '--even <even>': odd"},
-        {"--even 0", "1|Error: Out of memory."},
-        {"--even x", "The value 'x' is invalid for '--even <even>': not a number at all"},
-        {"--secret-number x", "The value 'x' is invalid for '--secret-number'"},
-        {"x", "Help:  <count>  How many.\nError: The value 'x' is invalid for '<count>'"},
-        {"1 x", "The value 'x' is invalid."},
-        {"1 2 3", "Unexpected argument '3'"},
-        {"1 2 3 -- -4 ''", "3 unexpected arguments: '3', '-4', ''"},
+        Row{"", "ran"},
+        Row{"--kin", "Unknown option '--kin'. Did you mean '--kind'?"},
+        Row{"--hlp", "Unknown option '--hlp'. Did you mean '--help'?"},
+        Row{"--onen", "Unknown option '--onen'. Did you mean '--only'?"}, // as far from --even, which comes later
+        Row{"--letterabc", "Unknown option '--letterabc'. Did you mean '--letter'?"},
+        Row{"--letterabcd", "Unknown option '--letterabcd'"},
+        Row{"-kind", "Unknown option '-kind'. Did you mean '--kind'?"},
+        Row{"--secretNumbr", "Unknown option '--secretNumbr'"},
+        Row{"--version", "Unknown option '--version'"},
+        Row{"-x", "Unknown option '-x'"},
+        Row{"1 2 3 --what 4", "Unknown option '--what'"},
+        Row{"---", "Invalid option: ---"},
+        Row{"-=x", "Invalid option: -=x"},
+        Row{"-k.x", "Invalid option: -."},
+        Row{"--kind", kindHelp + "Missing value for '--kind <kind>'"},
+        Row{"--letter", "Missing value for '--letter <x>'"},
+        Row{"-o", "Missing value for '-o <only>'"},
+        Row{"-xo=", "The value '' is invalid for '-o <only>'. Please provide one of 'a'."},
+        Row{"-ox=1", "Unknown option '-ox'. Did you mean '-o'?\n   or: Missing value for '-o <only>' in '-ox=1'"},
+        Row{"--secret-number", "Missing value for '--secret-number'"},
+        Row{"--kind x",
+            kindHelp + "The value 'x' is invalid for '--kind <kind>'. Please provide one of 'a', 'b' or 'c'."},
+        Row{"--letter x", "The value 'x' is invalid for '--letter <x>'. Please provide one of the following:\n"
+                          "  - 'a'\n  - 'b'\n  - 'c'\n  - 'd'\n  - 'e'\n  - 'f'"},
+        Row{"--sole x", "The value 'x' is invalid for '--sole <only>'. Please provide one of 'a'."},
+        Row{"--even 3", "The value '3' is invalid for '--even <even>': odd"},
+        Row{"--even 0", "1|Error: Out of memory."},
+        Row{"--even x", "The value 'x' is invalid for '--even <even>': not a number at all"},
+        Row{"--secret-number x", "The value 'x' is invalid for '--secret-number'"},
+        Row{"x", "Help:  <count>  How many.\nError: The value 'x' is invalid for '<count>'"},
+        Row{"1 x", "The value 'x' is invalid."},
+        Row{"1 2 3", "Unexpected argument '3'"},
+        Row{"1 2 3 -- -4 ''", "3 unexpected arguments: '3', '-4', ''"},
     });
     EXPECT_EQ(outcome<Failing>("-x"),
               "64|Error: Unknown option '-x'\n"

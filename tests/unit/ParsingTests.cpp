@@ -8,6 +8,7 @@ using namespace argumentparser;
 using parsertest::expectRows;
 using parsertest::outcome;
 using parsertest::print;
+using parsertest::Row;
 using parsertest::Tool;
 
 namespace {
@@ -56,52 +57,52 @@ TEST(Parsing, EveryStrategyOfAnOption) {
     const std::string rest = " scan=[1,2] up=[old]";
     expectRows<Options>({
         // The next element, which must be a value.
-        {"--file x", "file=x" + rest},
-        {"--file= x", "file=x" + rest},
-        {"--file=--b", "file=--b" + rest},
-        {"-f=", "file=''" + rest},
-        {"--file x --file y", "file=y" + rest},
-        {"--json {}", "scan=[1,2] up=[old] json={}"},
-        {"-fn F N", "file=F number=N" + rest},
-        {"--file=a=b", "file=a=b" + rest},
-        {"--file", "Missing value for '--file <file>'"},
-        {"--file -5", "Missing value for '--file <file>'"},
-        {"--file -- x", "Missing value for '--file <file>'"},
+        Row{"--file x", "file=x" + rest},
+        Row{"--file= x", "file=x" + rest},
+        Row{"--file=--b", "file=--b" + rest},
+        Row{"-f=", "file=''" + rest},
+        Row{"--file x --file y", "file=y" + rest},
+        Row{"--json {}", "scan=[1,2] up=[old] json={}"},
+        Row{"-fn F N", "file=F number=N" + rest},
+        Row{"--file=a=b", "file=a=b" + rest},
+        Row{"--file", "Missing value for '--file <file>'"},
+        Row{"--file -5", "Missing value for '--file <file>'"},
+        Row{"--file -- x", "Missing value for '--file <file>'"},
         // What is a value, and what is behind the terminator.
-        {"- '' a-b=c -- -b --c --- -- ''", "scan=[1,2] up=[old] values=[-,'',a-b=c,-b,--c,---,--,'']"},
-        {"-aé -b", "Unknown option '-é'"},
-        {"-a-b", "Invalid option: --"},
-        {"---file", "Invalid option: ---file"},
+        Row{"- '' a-b=c -- -b --c --- -- ''", "scan=[1,2] up=[old] values=[-,'',a-b=c,-b,--c,---,--,'']"},
+        Row{"-aé -b", "Unknown option '-é'"},
+        Row{"-a-b", "Invalid option: --"},
+        Row{"---file", "Invalid option: ---file"},
         // A dash or "=" under a combining mark is another character.
-        {"-\u0301 --file -\u0301x", "file=-\u0301x scan=[1,2] up=[old] values=[-\u0301]"},
-        {"--\u0301", "Unknown option '--\u0301'"},
-        {"--file=\u0301x", "Unknown option '--file=\u0301x'. Did you mean '--file'?"},
+        Row{"-\u0301 --file -\u0301x", "file=-\u0301x scan=[1,2] up=[old] values=[-\u0301]"},
+        Row{"--\u0301", "Unknown option '--\u0301'"},
+        Row{"--file=\u0301x", "Unknown option '--file=\u0301x'. Did you mean '--file'?"},
         // Joined, and a group that is a long name behind a single dash.
-        {"-n5", "number=5" + rest},
-        {"-nba=x", "number=ba=x" + rest},
-        {"-n=5", "number=5" + rest},
-        {"-an5", "Unknown option '-an5'. Did you mean '-n'?\n   or: Missing value for '-n <number>' in '-an5'"},
-        {"-num 5", "number=5" + rest},
-        {"-num=5", "number=5" + rest},
-        {"-ab", "scan=[1,2] up=[old] a=true b=true"},
-        {"-aa", "scan=[1,2] up=[old] a=true"},
+        Row{"-n5", "number=5" + rest},
+        Row{"-nba=x", "number=ba=x" + rest},
+        Row{"-n=5", "number=5" + rest},
+        Row{"-an5", "Unknown option '-an5'. Did you mean '-n'?\n   or: Missing value for '-n <number>' in '-an5'"},
+        Row{"-num 5", "number=5" + rest},
+        Row{"-num=5", "number=5" + rest},
+        Row{"-ab", "scan=[1,2] up=[old] a=true b=true"},
+        Row{"-aa", "scan=[1,2] up=[old] a=true"},
         // The next value anywhere behind the name; the first one clears the default.
-        {"--scan 3 --scan=4", "scan=[3,4] up=[old]"},
-        {"x --scan -a 3 -s 4 y", "scan=[3,4] up=[old] a=true values=[x,y]"},
-        {"--scan --file 3 y", "file=y scan=[3] up=[old]"},
-        {"--scan -a -- 3", "Missing value for '--scan <scan>'"},
+        Row{"--scan 3 --scan=4", "scan=[3,4] up=[old]"},
+        Row{"x --scan -a 3 -s 4 y", "scan=[3,4] up=[old] a=true values=[x,y]"},
+        Row{"--scan --file 3 y", "file=y scan=[3] up=[old]"},
+        Row{"--scan -a -- 3", "Missing value for '--scan <scan>'"},
         // Whatever stands at the next position.
-        {"--any --help --any -- --any=x -ab", "scan=[1,2] any=[--help,--] up=[old] values=[--any=x,-ab]"},
-        {"--any -ab c", "scan=[1,2] any=[-ab] up=[old] values=[c]"},
-        {"--any", "Missing value for '--any <any>'"},
+        Row{"--any --help --any -- --any=x -ab", "scan=[1,2] any=[--help,--] up=[old] values=[--any=x,-ab]"},
+        Row{"--any -ab c", "scan=[1,2] any=[-ab] up=[old] values=[c]"},
+        Row{"--any", "Missing value for '--any <any>'"},
         // Values up to the next option.
-        {"--up x y -a z --up w -- v", "scan=[1,2] up=[x,y,w] a=true values=[z,v]"},
-        {"--up=x y", "scan=[1,2] up=[x] values=[y]"},
-        {"--up -a", "Missing value for '--up <up>'"},
+        Row{"--up x y -a z --up w -- v", "scan=[1,2] up=[x,y,w] a=true values=[z,v]"},
+        Row{"--up=x y", "scan=[1,2] up=[x] values=[y]"},
+        Row{"--up -a", "Missing value for '--up <up>'"},
         // Everything that remains.
-        {"v --rest=x -ab -- --file --", "scan=[1,2] up=[old] rest=[x,-ab,--,--file,--] values=[v]"},
-        {"--rest --help", "scan=[1,2] up=[old] rest=[--help]"},
-        {"--rest", "scan=[1,2] up=[old]"},
+        Row{"v --rest=x -ab -- --file --", "scan=[1,2] up=[old] rest=[x,-ab,--,--file,--] values=[v]"},
+        Row{"--rest --help", "scan=[1,2] up=[old] rest=[--help]"},
+        Row{"--rest", "scan=[1,2] up=[old]"},
     });
 }
 
@@ -117,27 +118,27 @@ struct Positionals final : Tool {
 
 TEST(Parsing, EveryStrategyOfAPositional) {
     expectRows<Positionals<ParsingStrategy::nextValue>>({
-        {"", ""},
-        {"-a 1 x -b -- -y --", "first=1 rest=[x,-y,--] a=true b=true"},
-        {"x", "The value 'x' is invalid for '<first>'"},
-        {"x --help", "The value 'x' is invalid for '<first>'"},
-        {"1 -ax", "Unknown option '-x'"},
-        {"1 -xa", "Unknown option '-x'"},
-        {"1 -xy", "Unknown option '-xy'. Did you mean '-a'?"},
+        Row{"", ""},
+        Row{"-a 1 x -b -- -y --", "first=1 rest=[x,-y,--] a=true b=true"},
+        Row{"x", "The value 'x' is invalid for '<first>'"},
+        Row{"x --help", "The value 'x' is invalid for '<first>'"},
+        Row{"1 -ax", "Unknown option '-x'"},
+        Row{"1 -xa", "Unknown option '-x'"},
+        Row{"1 -xy", "Unknown option '-xy'. Did you mean '-a'?"},
     });
     expectRows<Positionals<ParsingStrategy::postTerminator>>({
-        {"1 -a -- 2 -b", "first=1 rest=[2,-b] a=true"},
-        {"-- 2", "rest=[2]"},
-        {"1 2 -- 3", "Unexpected argument '2'"},
-        {"1 2 4 -- 3", "2 unexpected arguments: '2', '4'"},
+        Row{"1 -a -- 2 -b", "first=1 rest=[2,-b] a=true"},
+        Row{"-- 2", "rest=[2]"},
+        Row{"1 2 -- 3", "Unexpected argument '2'"},
+        Row{"1 2 4 -- 3", "2 unexpected arguments: '2', '4'"},
     });
     expectRows<Positionals<ParsingStrategy::allRemainingInput>>({
-        {"-a 1 x -b --what --help", "first=1 rest=[x,-b,--what,--help] a=true"},
-        {"-ba 1", "first=1 a=true b=true"},
+        Row{"-a 1 x -b --what --help", "first=1 rest=[x,-b,--what,--help] a=true"},
+        Row{"-ba 1", "first=1 a=true b=true"},
     });
     expectRows<Positionals<ParsingStrategy::allUnrecognized>>({
-        {"1 -a x --what=y -bz -- -w", "first=1 rest=[x,--what=y,-z,-w] a=true b=true"},
-        {"1 -xy", "first=1 rest=[-xy]"},
+        Row{"1 -a x --what=y -bz -- -w", "first=1 rest=[x,--what=y,-z,-w] a=true b=true"},
+        Row{"1 -xy", "first=1 rest=[-xy]"},
     });
 }
 
@@ -156,20 +157,20 @@ struct Flags final : Tool {
 
 TEST(Parsing, EveryFormOfAFlag) {
     expectRows<Flags>({
-        {"", "verbose=0 speed=slow"},
-        {"--color -c", "color=yes verbose=0 speed=slow"},
-        {"--no-color", "color=no verbose=0 speed=slow"},
-        {"-c --no-color", "Value to be set with flag '--no-color' had already been set with flag '-c'"},
-        {"-vc --no-color", "Value to be set with flag '--no-color' had already been set with flag 'c' in '-vc'"},
-        {"-vvv --verbose", "verbose=4 speed=slow"},
-        {"--enable-full-index --disable-full-index", "verbose=0 speed=slow"},
-        {"--disable-full-index -i", "index=true verbose=0 speed=slow"},
-        {"--very-slow --very-slow", "verbose=0 speed=verySlow"},
-        {"--fast --slow", "Value to be set with flag '--slow' had already been set with flag '--fast'"},
-        {"-s --large --large", "verbose=0 speed=slow size=small"},
-        {"--large -s", "verbose=0 speed=slow size=large"},
-        {"--fast=1", "The option '--fast' does not take any value, but '1' was specified."},
-        {"-vc=", "The option '-c' does not take any value, but '' was specified."},
+        Row{"", "verbose=0 speed=slow"},
+        Row{"--color -c", "color=yes verbose=0 speed=slow"},
+        Row{"--no-color", "color=no verbose=0 speed=slow"},
+        Row{"-c --no-color", "Value to be set with flag '--no-color' had already been set with flag '-c'"},
+        Row{"-vc --no-color", "Value to be set with flag '--no-color' had already been set with flag 'c' in '-vc'"},
+        Row{"-vvv --verbose", "verbose=4 speed=slow"},
+        Row{"--enable-full-index --disable-full-index", "verbose=0 speed=slow"},
+        Row{"--disable-full-index -i", "index=true verbose=0 speed=slow"},
+        Row{"--very-slow --very-slow", "verbose=0 speed=verySlow"},
+        Row{"--fast --slow", "Value to be set with flag '--slow' had already been set with flag '--fast'"},
+        Row{"-s --large --large", "verbose=0 speed=slow size=small"},
+        Row{"--large -s", "verbose=0 speed=slow size=large"},
+        Row{"--fast=1", "The option '--fast' does not take any value, but '1' was specified."},
+        Row{"-vc=", "The option '-c' does not take any value, but '' was specified."},
     });
 }
 
@@ -217,8 +218,8 @@ struct Bytes final : Tool {
 
 TEST(Parsing, KeepsTheBytesOfAFileName) {
     expectRows<Bytes>({
-        {"--file a\xFF --text a\xFF\xC3 b\xFE", "file=a\xFF text=a\uFFFD\uFFFD others=[b\xFE]"},
-        {"--file=\xC3( --text=\xC3( --size \xFF", "file=\xC3( text=\uFFFD( size=3"},
+        Row{"--file a\xFF --text a\xFF\xC3 b\xFE", "file=a\xFF text=a\uFFFD\uFFFD others=[b\xFE]"},
+        Row{"--file=\xC3( --text=\xC3( --size \xFF", "file=\xC3( text=\uFFFD( size=3"},
     });
     EXPECT_TRUE(std::holds_alternative<CompletionKind::File>(ArgumentValue<FilePath>::defaultCompletionKind().value));
 }
@@ -320,19 +321,19 @@ TEST(Parsing, WalksDownTheTree) {
     EXPECT_EQ(outcome<Root>("--help"), outcome<Root>("help"));
     EXPECT_EQ(outcome<Root>("help --help leaf -h -help"), outcome<Root>("help leaf"));
     expectRows<Root>({
-        {"--version", "1"},
-        {"leaf --version", "1"},
-        {"branch --version", "2"},
-        {"branch leaf x --version --fail", "2"},
-        {"required --version", "1"},
-        {"leaf --any --version --any --help --fail", "refused"},
-        {"--outer o branch", "Unexpected argument 'branch'"},
-        {"-- leaf", "Unexpected argument 'leaf'"},
-        {"orphan", "Command 'branch' is not a parent of the current command."},
-        {"required --any --aide", "Missing expected argument '<word>'"},
-        {"required -h", "Missing expected argument '<word>'"},
-        {"required x -h", "Unknown option '-h'"},
-        {"help --what", "Unknown option '--what'"},
+        Row{"--version", "1"},
+        Row{"leaf --version", "1"},
+        Row{"branch --version", "2"},
+        Row{"branch leaf x --version --fail", "2"},
+        Row{"required --version", "1"},
+        Row{"leaf --any --version --any --help --fail", "refused"},
+        Row{"--outer o branch", "Unexpected argument 'branch'"},
+        Row{"-- leaf", "Unexpected argument 'leaf'"},
+        Row{"orphan", "Command 'branch' is not a parent of the current command."},
+        Row{"required --any --aide", "Missing expected argument '<word>'"},
+        Row{"required -h", "Missing expected argument '<word>'"},
+        Row{"required x -h", "Unknown option '-h'"},
+        Row{"help --what", "Unknown option '--what'"},
     });
     EXPECT_EQ(outcome<Root>("required --aide"), outcome<Root>("help required"));
     EXPECT_EQ(outcome<Root>("required -?"), outcome<Root>("help required"));
