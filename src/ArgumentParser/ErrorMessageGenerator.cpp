@@ -120,8 +120,6 @@ public:
             std::rethrow_exception(error.error);
         } catch (const ParserError& wrapped) {
             return std::visit(*this, wrapped);
-        } catch (...) {
-            return errorDescription(error.error);
         }
     }
 
@@ -151,7 +149,7 @@ private:
 
     /// The visible name that a misspelt one may stand for; empty for none.
     std::string nearestName(std::string_view synopsis) const {
-        std::size_t leastDistance = 4;
+        std::size_t minimumDistance = 4;
         std::string nearest;
         const auto consider = [&](const ArgumentDefinition& definition) {
             if (!definition.isVisible()) {
@@ -159,8 +157,8 @@ private:
             }
             for (const Name& name : definition.names) {
                 const std::size_t distance = editDistance(synopsis, name.synopsis());
-                if (distance < leastDistance) {
-                    leastDistance = distance;
+                if (distance < minimumDistance) {
+                    minimumDistance = distance;
                     nearest = name.synopsis();
                 }
             }

@@ -69,7 +69,7 @@ struct UserValidationError {
 };
 /// Any failure while nothing was given at all.
 struct NoArguments {
-    std::exception_ptr error;
+    std::exception_ptr error; ///< A ParserError.
 };
 struct NotParentCommand {
     std::string commandName;
