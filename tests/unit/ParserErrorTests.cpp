@@ -1,12 +1,10 @@
+#include <map>
 #include <new>
 #include <stdexcept>
 
 #include "unit/ParserFixture.h"
 
-using namespace argumentparser;
-using parsertest::expectRows;
-using parsertest::outcome;
-using parsertest::Row;
+using namespace parsertest;
 
 namespace {
 
@@ -37,7 +35,7 @@ int evenNumber(std::string_view text) {
 
 constexpr ArgumentHelp::Details hiddenInput{.visibility = ArgumentVisibility::hidden};
 
-struct Failing final : parsertest::Tool {
+struct Failing final : Tool {
     Option<std::optional<Letter<3>>> kind{*this, "kind", "What kind."};
     Option<std::optional<Letter<6>>> letter{*this, "letter", ArgumentHelp("", {.valueName = "x"})};
     Option<std::optional<Letter<1>>> only{*this, "only", "", {.names = {shortName(), longName(), customLong("sole")}}};
@@ -63,9 +61,9 @@ TEST(ParserErrors, Messages) {
         Row{"--version", "Unknown option '--version'"},
         Row{"-x", "Unknown option '-x'"},
         Row{"1 2 3 --what 4", "Unknown option '--what'"},
-        Row{"---", "Invalid option: ---"},
+        Row{"---kind", "Invalid option: ---kind"},
         Row{"-=x", "Invalid option: -=x"},
-        Row{"-k.x", "Invalid option: -."},
+        Row{"-k-x", "Invalid option: --"},
         Row{"--kind", kindHelp + "Missing value for '--kind <kind>'"},
         Row{"--letter", "Missing value for '--letter <x>'"},
         Row{"-o", "Missing value for '-o <only>'"},
@@ -108,28 +106,20 @@ struct Thrower final : ParsableCommand {
 
 private:
     void fail() const {
-        if (*what == "validation") {
-            throw ValidationError{"refused"};
-        }
-        if (*what == "wordless") {
-            throw ValidationError{};
-        }
-        if (*what == "code") {
-            throw ExitCode{3};
-        }
-        if (*what == "message") {
-            throw CleanExit::message("done");
-        }
-        if (*what == "help") {
-            throw CleanExit::helpRequest();
-        }
-        if (*what == "named") {
-            throw CleanExit::helpRequest(CommandType::of<Thrower>());
-        }
-        if (*what == "memory") {
-            throw std::bad_alloc();
-        }
-        throw std::runtime_error(*what == "nothing" ? "" : "broken");
+        static const std::map<std::string_view, void (*)()> failures{
+            {"validation", [] { throw ValidationError{"refused"}; }},
+            {"wordless", [] { throw ValidationError{}; }},
+            {"code", [] { throw ExitCode{3}; }},
+            {"message", [] { throw CleanExit::message("done"); }},
+            {"help", [] { throw CleanExit::helpRequest(); }},
+            {"named", [] { throw CleanExit::helpRequest(CommandType::of<Thrower>()); }},
+            {"failure", [] { throw CommandFailure{"failed"}; }},
+            {"memory", [] { throw std::bad_alloc(); }},
+            {"nothing", [] { throw std::runtime_error(""); }},
+            {"other", [] { throw std::runtime_error("broken"); }},
+            {"number", [] { throw 1; }},
+        };
+        failures.at (*what)();
     }
 };
 
@@ -138,8 +128,7 @@ struct Silent final : ParsableCommand {
         return {.commandName = "silent", .usage = "", .helpNames = NameSpecification{customShort("?")}};
     }
     Flag<bool> color{*this, "color", FlagInversion::prefixedNo, ""};
-    Option<std::vector<std::string>> words{*this, "words",
-                                           ArgumentHelp("", {.visibility = ArgumentVisibility::privateInput})};
+    Option<Texts> words{*this, "words", ArgumentHelp("", {.visibility = ArgumentVisibility::privateInput})};
 };
 
 struct Top final : ParsableCommand {
@@ -164,6 +153,8 @@ TEST(ParserErrors, WhatACommandThrows) {
         {"thrower message --early", "done"},
         {"thrower other", "1|Error: broken"},
         {"thrower other --early", "1|Error: broken"},
+        {"thrower failure --early", "1|Error: failed"},
+        {"thrower number", "1|Error: Unknown error."},
         {"thrower memory", "1|Error: Out of memory."},
         {"thrower memory --early", "1|Error: Out of memory."},
         {"thrower nothing", "1|"},
@@ -202,8 +193,8 @@ struct StrayDefault final : ParsableCommand {
     static CommandConfiguration configuration() {
         return {.commandName = "stray", .defaultSubcommand = CommandType::of<Thrower>()};
     }
-    Option<std::vector<std::string>> post{*this, "post", {}, "", {.parsing = ParsingStrategy::postTerminator}};
-    Option<std::vector<std::string>> left{*this, "left", {}, "", {.parsing = ParsingStrategy::allUnrecognized}};
+    Option<Texts> post{*this, "post", {}, "", {.parsing = ParsingStrategy::postTerminator}};
+    Option<Texts> left{*this, "left", {}, "", {.parsing = ParsingStrategy::allUnrecognized}};
 };
 
 std::string banner(const std::string& message) {

@@ -4,12 +4,7 @@
 #include "ArgumentParser/FilePath.h"
 #include "unit/ParserFixture.h"
 
-using namespace argumentparser;
-using parsertest::expectRows;
-using parsertest::outcome;
-using parsertest::print;
-using parsertest::Row;
-using parsertest::Tool;
+using namespace parsertest;
 
 namespace {
 
@@ -35,18 +30,18 @@ struct argumentparser::ClosedSet<Size> {
 namespace {
 
 struct Options final : Tool {
-    Option<std::optional<std::string>> file{*this, "file", "", {.names = {longName(), shortName()}}};
-    Option<std::optional<std::string>> number{
+    Option<MaybeText> file{*this, "file", "", {.names = {longName(), shortName()}}};
+    Option<MaybeText> number{
         *this, "number", "", {.names = {customShort("n", true), longName(), customLong("num", true)}}};
     Option<std::vector<int>> scan{*this, "scan", {1, 2}, "", {.names = {longName(), shortName()}}};
-    Option<std::vector<std::string>> any{*this, "any", {}, "", {.parsing = ParsingStrategy::unconditional}};
-    Option<std::vector<std::string>> up{
+    Option<Texts> any{*this, "any", {}, "", {.parsing = ParsingStrategy::unconditional}};
+    Option<Texts> up{
         *this, "up", {"old"}, "", {.names = {longName(), shortName()}, .parsing = ParsingStrategy::upToNextOption}};
-    Option<std::vector<std::string>> rest{*this, "rest", {}, "", {.parsing = ParsingStrategy::allRemainingInput}};
-    Option<std::optional<std::string>> _json{*this, "_json", ""};
+    Option<Texts> rest{*this, "rest", {}, "", {.parsing = ParsingStrategy::allRemainingInput}};
+    Option<MaybeText> _json{*this, "_json", ""};
     Flag<bool> a{*this, "a", "", {.names = {shortName()}}};
     Flag<bool> b{*this, "b", "", {.names = {shortName()}}};
-    Argument<std::vector<std::string>> values{*this, "values", {}, ""};
+    Argument<Texts> values{*this, "values", {}, ""};
 
     void run() const override {
         print("file number scan any up rest json a b values", file, number, scan, any, up, rest, _json, a, b, values);
@@ -71,8 +66,6 @@ TEST(Parsing, EveryStrategyOfAnOption) {
         // What is a value, and what is behind the terminator.
         Row{"- '' a-b=c -- -b --c --- -- ''", "scan=[1,2] up=[old] values=[-,'',a-b=c,-b,--c,---,--,'']"},
         Row{"-aé -b", "Unknown option '-é'"},
-        Row{"-a-b", "Invalid option: --"},
-        Row{"---file", "Invalid option: ---file"},
         // A dash or "=" under a combining mark is another character.
         Row{"-\u0301 --file -\u0301x", "file=-\u0301x scan=[1,2] up=[old] values=[-\u0301]"},
         Row{"--\u0301", "Unknown option '--\u0301'"},
@@ -109,7 +102,7 @@ TEST(Parsing, EveryStrategyOfAnOption) {
 template <ParsingStrategy strategy>
 struct Positionals final : Tool {
     Argument<std::optional<int>> first{*this, "first", ""};
-    Argument<std::vector<std::string>> rest{*this, "rest", {}, "", {.parsing = strategy}};
+    Argument<Texts> rest{*this, "rest", {}, "", {.parsing = strategy}};
     Flag<bool> a{*this, "a", "", {.names = {shortName()}}};
     Flag<bool> b{*this, "b", "", {.names = {shortName()}}};
 
@@ -158,8 +151,8 @@ struct Flags final : Tool {
 TEST(Parsing, EveryFormOfAFlag) {
     expectRows<Flags>({
         Row{"", "verbose=0 speed=slow"},
-        Row{"--color -c", "color=yes verbose=0 speed=slow"},
-        Row{"--no-color", "color=no verbose=0 speed=slow"},
+        Row{"--color -c", "color=true verbose=0 speed=slow"},
+        Row{"--no-color", "color=false verbose=0 speed=slow"},
         Row{"-c --no-color", "Value to be set with flag '--no-color' had already been set with flag '-c'"},
         Row{"-vc --no-color", "Value to be set with flag '--no-color' had already been set with flag 'c' in '-vc'"},
         Row{"-vvv --verbose", "verbose=4 speed=slow"},
@@ -177,10 +170,10 @@ TEST(Parsing, EveryFormOfAFlag) {
 /// The texts of the values that `texts` are read as, and "-" for what is refused.
 template <class T>
 std::string reading(std::initializer_list<std::string_view> texts) {
-    std::vector<std::string> values;
+    Texts values;
     for (const std::string_view text : texts) {
         const std::optional<T> value = ArgumentValue<T>::read(text);
-        values.push_back(value ? parsertest::textOf(*value) : "-");
+        values.push_back(value ? textOf(*value) : "-");
     }
     return platform::joined(values, " ");
 }
@@ -228,14 +221,14 @@ TEST(Parsing, KeepsTheBytesOfAFileName) {
 std::string hooks;
 
 struct Inner final : ParsableArguments {
-    Option<std::optional<std::string>> deep{*this, "deep", ""};
+    Option<MaybeText> deep{*this, "deep", ""};
 
     void validate() const override { hooks += "inner "; }
 };
 
 struct Outer final : ParsableArguments {
     OptionGroup<Inner> inner{*this, "inner"};
-    Option<std::optional<std::string>> deep{*this, "outerDeep", "", {.names = {customLong("outer")}}};
+    Option<MaybeText> deep{*this, "outerDeep", "", {.names = {customLong("outer")}}};
 
     void validate() const override { hooks += "outer "; }
 };
@@ -248,7 +241,7 @@ struct Leaf final : ParsableCommand {
     ParentCommand<Root> root{*this};
     OptionGroup<Outer> outer{*this, "outer"};
     Flag<bool> fail{*this, "fail", ""};
-    Option<std::vector<std::string>> any{*this, "any", {}, "", {.parsing = ParsingStrategy::unconditional}};
+    Option<Texts> any{*this, "any", {}, "", {.parsing = ParsingStrategy::unconditional}};
 
     void validate() const override {
         hooks += "leaf ";
@@ -273,7 +266,7 @@ struct Required final : ParsableCommand {
                 .helpNames = NameSpecification{customShort("?"), customLong("aide")}};
     }
     Argument<std::string> word{*this, "word", ""};
-    Option<std::optional<std::string>> any{*this, "any", "", {.parsing = ParsingStrategy::unconditional}};
+    Option<MaybeText> any{*this, "any", "", {.parsing = ParsingStrategy::unconditional}};
     void run() const override { print("word", word); }
 };
 
@@ -293,7 +286,7 @@ struct Root final : ParsableCommand {
                 .groupedSubcommands = {{"More", {CommandType::of<Orphan>(), CommandType::of<Leaf>()}}},
                 .defaultSubcommand = CommandType::of<Leaf>()};
     }
-    Option<std::optional<std::string>> name{*this, "name", ""};
+    Option<MaybeText> name{*this, "name", ""};
     void validate() const override { hooks += "root "; }
 };
 
