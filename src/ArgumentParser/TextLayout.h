@@ -6,8 +6,8 @@
 
 namespace argumentparser {
 
-/// `text` broken at spaces into lines of at most `columns`, each non-empty one indented by `indent` spaces. A word that is
-/// too long makes a long line. Empty when nothing fits beside the indent.
+/// `text` broken at spaces into lines of at most `columns`, each non-empty one indented by `indent` spaces. A word that
+/// is too long makes a long line. Empty when nothing fits beside the indent.
 std::string wrapped(std::string_view text, int columns, int indent);
 
 /// `text` with every line but the first indented by `indent` spaces.
