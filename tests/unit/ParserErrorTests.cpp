@@ -172,7 +172,14 @@ TEST(ParserErrors, WhatACommandThrows) {
     }
 }
 
+template <class Thrown>
+struct Early final : Tool {
+    void validate() const override { throw Thrown(); }
+};
+
 TEST(ParserErrors, WithoutAnyArgumentsShowTheHelpOfTheRoot) {
+    EXPECT_EQ(outcome<Early<CleanExit>>(""), outcome<Early<CleanExit>>("--help"));
+    EXPECT_EQ(outcome<Early<std::bad_alloc>>(""), "1|Error: Out of memory.");
     EXPECT_EQ(outcome<Thrower>(""), "64|Error: Missing expected argument '<what>'\n\n" + outcome<Thrower>("--help"));
 }
 
@@ -193,6 +200,8 @@ struct StrayDefault final : ParsableCommand {
     static CommandConfiguration configuration() {
         return {.commandName = "stray", .defaultSubcommand = CommandType::of<Thrower>()};
     }
+};
+struct Misplaced final : Tool {
     Option<Texts> post{*this, "post", {}, "", {.parsing = ParsingStrategy::postTerminator}};
     Option<Texts> left{*this, "left", {}, "", {.parsing = ParsingStrategy::allUnrecognized}};
 };
@@ -209,8 +218,10 @@ TEST(ParserErrors, FaultsOfADeclaration) {
                 banner("The command \"own-alias\" can't have an alias with the same name as the command itself\\."));
     EXPECT_EXIT(*Thrower().what, testing::ExitedWithCode(1),
                 banner("Can't read a value from a parsable\u00A0argument definition\\.(.|\n)*"));
-    for (const char* line : {"x", "--post x", "--post", "--post=x", "--left x", "--left=x"}) {
-        expectRows<StrayDefault>({{line, "Internal error. Invalid state while parsing command-line arguments."}});
+    const std::string message = "Internal error. Invalid state while parsing command-line arguments.";
+    expectRows<StrayDefault>({Row{"x", message}});
+    for (const char* line : {"--post x", "--post", "--post=x", "--left x", "--left", "--left=x"}) {
+        expectRows<Misplaced>({Row{line, message}});
     }
 }
 

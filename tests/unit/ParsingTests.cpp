@@ -82,6 +82,7 @@ TEST(Parsing, EveryStrategyOfAnOption) {
         // The next value anywhere behind the name; the first one clears the default.
         Row{"--scan 3 --scan=4", "scan=[3,4] up=[old]"},
         Row{"x --scan -a 3 -s 4 y", "scan=[3,4] up=[old] a=true values=[x,y]"},
+        Row{"--scan -s 3 4", "scan=[3,4] up=[old]"},
         Row{"--scan --file 3 y", "file=y scan=[3] up=[old]"},
         Row{"--scan -a -- 3", "Missing value for '--scan <scan>'"},
         // Whatever stands at the next position.
@@ -91,6 +92,7 @@ TEST(Parsing, EveryStrategyOfAnOption) {
         // Values up to the next option.
         Row{"--up x y -a z --up w -- v", "scan=[1,2] up=[x,y,w] a=true values=[z,v]"},
         Row{"--up=x y", "scan=[1,2] up=[x] values=[y]"},
+        Row{"-ua x", "Unknown option '-ua'. Did you mean '-u'?\n   or: Missing value for '-u <up>' in '-ua'"},
         Row{"--up -a", "Missing value for '--up <up>'"},
         // Everything that remains.
         Row{"v --rest=x -ab -- --file --", "scan=[1,2] up=[old] rest=[x,-ab,--,--file,--] values=[v]"},
@@ -133,6 +135,8 @@ TEST(Parsing, EveryStrategyOfAPositional) {
         Row{"1 -a x --what=y -bz -- -w", "first=1 rest=[x,--what=y,-z,-w] a=true b=true"},
         Row{"1 -xy", "first=1 rest=[-xy]"},
     });
+    using Unrecognized = Positionals<ParsingStrategy::allUnrecognized>;
+    EXPECT_EQ(outcome<Unrecognized>("1 --help"), outcome<Unrecognized>("--help"));
 }
 
 struct Flags final : Tool {
@@ -320,6 +324,8 @@ TEST(Parsing, WalksDownTheTree) {
         Row{"branch leaf x --version --fail", "2"},
         Row{"required --version", "1"},
         Row{"leaf --any --version --any --help --fail", "refused"},
+        Row{"-version", "Unknown option '-version'. Did you mean '--version'?"},
+        Row{"branch help", "Unexpected argument 'help'"},
         Row{"--outer o branch", "Unexpected argument 'branch'"},
         Row{"-- leaf", "Unexpected argument 'leaf'"},
         Row{"orphan", "Command 'branch' is not a parent of the current command."},
@@ -332,6 +338,36 @@ TEST(Parsing, WalksDownTheTree) {
     EXPECT_EQ(outcome<Root>("required -?"), outcome<Root>("help required"));
     EXPECT_EQ(outcome<Root>("required --aide-hidden"), outcome<Root>("help required"));
     EXPECT_EQ(outcome<Root>("branch leaf --fail x --help"), outcome<Root>("help branch leaf"));
+}
+
+struct Pass final : ParsableCommand {
+    static CommandConfiguration configuration() { return {}; }
+    Argument<Texts> rest{*this, "rest", {}, "", {.parsing = ParsingStrategy::allRemainingInput}};
+    void run() const override { print("rest", rest); }
+};
+struct Plain final : ParsableCommand {
+    static CommandConfiguration configuration() { return {}; }
+    void run() const override { throw CleanExit::message(""); }
+};
+struct Runner final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.ungroupedSubcommands = {CommandType::of<Plain>(), CommandType::of<Pass>()},
+                .defaultSubcommand = CommandType::of<Pass>()};
+    }
+    Flag<int> count{*this, "count", "", {.names = {customShort("a")}}};
+    void validate() const override { hooks += std::to_string(count); }
+};
+
+TEST(Parsing, LeavesWhatAChildPassesOn) {
+    const std::pair<const char*, const char*> rows[] = {{"-a plain -a", "2|"},
+                                                        {"-a pass -a", "1|rest=[-a]"},
+                                                        {"-a x -a", "1|rest=[x,-a]"},
+                                                        {"-a -x -a", "1|rest=[-x,-a]"}};
+    for (const auto& [line, expected] : rows) {
+        hooks.clear();
+        const std::string text = outcome<Runner>(line);
+        EXPECT_EQ(hooks + "|" + text, expected) << line;
+    }
 }
 
 } // namespace
