@@ -20,7 +20,7 @@ std::string ArgumentDefinition::valueName() const {
         return std::string(help.valueName);
     }
     const Name* name = preferredName();
-    return name != nullptr ? name->text : kebabCase(key.name);
+    return name != nullptr ? name->text : std::string(key.name);
 }
 
 std::string ArgumentDefinition::synopsis() const {

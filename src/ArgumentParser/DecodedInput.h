@@ -75,8 +75,7 @@ public:
 
 protected:
     DecodedInput(ParsableArguments& owner, std::string_view key, std::optional<T> initial, const ArgumentHelp& help)
-        : DeclaredInput(owner), key_(key.starts_with('_') ? key.substr(1) : key), help_(help),
-          value_(std::move(initial)) {}
+        : DeclaredInput(owner), key_(key), help_(help), value_(std::move(initial)) {}
     ~DecodedInput() = default;
 
     std::string_view key() const { return key_; }

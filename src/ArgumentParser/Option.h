@@ -19,7 +19,8 @@ class Option final : public ValueReadingInput<T> {
 public:
     using Element = typename ValueReadingInput<T>::Element;
 
-    /// `key` is the declared identifier, from which the name derives. Required, unless `T` is optional.
+    /// `key` is the long name without its dashes, unless the settings give names of their own. Required, unless `T` is
+    /// optional.
     Option(ParsableArguments& owner, std::string_view key, const ArgumentHelp& help,
            OptionSettings<Element> settings = {})
         : ValueReadingInput<T>(owner, key, std::nullopt, help, valueSettings(settings)),

@@ -64,7 +64,7 @@ struct Rich final : ParsableCommand {
             .defaultSubcommand = CommandType::of<Child>()};
     }
 
-    Argument<std::string> source{*this, "sourceFile", "What to read from."};
+    Argument<std::string> source{*this, "source-file", "What to read from."};
     Option<Depth> depth{*this, "depth", Depth::shallow, "How deep."};
     Option<std::optional<Depth>> look{
         *this, "look", ArgumentHelp("", {.discussion = {"Preamble."}, .argumentType = valueTable<Depth>()})};
@@ -116,7 +116,7 @@ OPTIONS:
         veryVeryVeryVeryDeep
                           - Looks at all.
   -c, --color/--no-color  Colours. (default: true)
-  --shallow/--very-very-very-very-deep
+  --shallow/--veryVeryVeryVeryDeep
                           Looks at what is on top, and at
                           that only as far as it has to.
   -v, --verbose           More.
@@ -174,7 +174,7 @@ struct Labels final : ParsableCommand {
             .commandName = "labels", .usage = "this\nthat", .discussion = "Only.", .helpNames = NameSpecification()};
     }
     Flag<bool> fits{*this, "fits", "Beside.", {.names = {customLong("a23456789012345678901")}}};
-    Flag<bool> tooLong{*this, "tooLong", "Below it.", {.names = {customLong("a234567890123456789012")}}};
+    Flag<bool> tooLong{*this, "too-long", "Below it.", {.names = {customLong("a234567890123456789012")}}};
     Flag<std::optional<bool>> blank{*this, "v", FlagInversion::prefixedNo, "\n\n", {.names = {shortName()}}};
     Flag<Mode> mode{*this, "mode", Mode::loud, ""};
 };

@@ -40,7 +40,7 @@ struct Failing final : Tool {
     Option<std::optional<Letter<6>>> letter{*this, "letter", ArgumentHelp("", {.valueName = "x"})};
     Option<std::optional<Letter<1>>> only{*this, "only", "", {.names = {shortName(), longName(), customLong("sole")}}};
     Option<std::optional<int>> even{*this, "even", "", {.transform = evenNumber}};
-    Option<std::optional<int>> secretNumber{*this, "secretNumber", ArgumentHelp("Hush.", hiddenInput)};
+    Option<std::optional<int>> secretNumber{*this, "secret-number", ArgumentHelp("Hush.", hiddenInput)};
     Argument<std::optional<int>> count{*this, "count", "How many."};
     Argument<std::optional<int>> secret{*this, "secret", ArgumentHelp("Hush.", hiddenInput)};
 
@@ -57,7 +57,7 @@ TEST(ParserErrors, Messages) {
         Row{"--letterabc", "Unknown option '--letterabc'. Did you mean '--letter'?"},
         Row{"--letterabcd", "Unknown option '--letterabcd'"},
         Row{"-kind", "Unknown option '-kind'. Did you mean '--kind'?"},
-        Row{"--secretNumbr", "Unknown option '--secretNumbr'"},
+        Row{"--secret-numbr", "Unknown option '--secret-numbr'"},
         Row{"--version", "Unknown option '--version'"},
         Row{"-x", "Unknown option '-x'"},
         Row{"1 2 3 --what 4", "Unknown option '--what'"},

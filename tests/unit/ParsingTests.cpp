@@ -38,13 +38,13 @@ struct Options final : Tool {
     Option<Texts> up{
         *this, "up", {"old"}, "", {.names = {longName(), shortName()}, .parsing = ParsingStrategy::upToNextOption}};
     Option<Texts> rest{*this, "rest", {}, "", {.parsing = ParsingStrategy::allRemainingInput}};
-    Option<MaybeText> _json{*this, "_json", ""};
+    Option<MaybeText> json{*this, "json", ""};
     Flag<bool> a{*this, "a", "", {.names = {shortName()}}};
     Flag<bool> b{*this, "b", "", {.names = {shortName()}}};
     Argument<Texts> values{*this, "values", {}, ""};
 
     void run() const override {
-        print("file number scan any up rest json a b values", file, number, scan, any, up, rest, _json, a, b, values);
+        print("file number scan any up rest json a b values", file, number, scan, any, up, rest, json, a, b, values);
     }
 };
 
@@ -143,8 +143,8 @@ struct Flags final : Tool {
     Flag<std::optional<bool>> color{
         *this, "color", FlagInversion::prefixedNo, "", {.names = {longName(), shortName()}}};
     Flag<bool> index{
-        *this, "fullIndex", FlagInversion::prefixedEnableDisable,
-        false, "",          {.names = {longName(), customShort("i")}, .exclusivity = FlagExclusivity::chooseLast}};
+        *this, "full-index", FlagInversion::prefixedEnableDisable,
+        false, "",           {.names = {longName(), customShort("i")}, .exclusivity = FlagExclusivity::chooseLast}};
     Flag<int> verbose{*this, "verbose", "", {.names = {longName(), shortName()}}};
     Flag<Speed> speed{*this, "speed", Speed::slow, ""};
     Flag<std::optional<Size>> size{*this, "size", "", {.exclusivity = FlagExclusivity::chooseFirst}};
@@ -162,7 +162,7 @@ TEST(Parsing, EveryFormOfAFlag) {
         Row{"-vvv --verbose", "verbose=4 speed=slow"},
         Row{"--enable-full-index --disable-full-index", "verbose=0 speed=slow"},
         Row{"--disable-full-index -i", "index=true verbose=0 speed=slow"},
-        Row{"--very-slow --very-slow", "verbose=0 speed=verySlow"},
+        Row{"--verySlow --verySlow", "verbose=0 speed=verySlow"},
         Row{"--fast --slow", "Value to be set with flag '--slow' had already been set with flag '--fast'"},
         Row{"-s --large --large", "verbose=0 speed=slow size=small"},
         Row{"--large -s", "verbose=0 speed=slow size=large"},
@@ -232,7 +232,7 @@ struct Inner final : ParsableArguments {
 
 struct Outer final : ParsableArguments {
     OptionGroup<Inner> inner{*this, "inner"};
-    Option<MaybeText> deep{*this, "outerDeep", "", {.names = {customLong("outer")}}};
+    Option<MaybeText> deep{*this, "outer-deep", "", {.names = {customLong("outer")}}};
 
     void validate() const override { hooks += "outer "; }
 };
