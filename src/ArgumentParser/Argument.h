@@ -20,10 +20,8 @@ public:
              ValueSettings<Element> settings = {})
         : ValueReadingInput<T>(owner, key, std::move(initial), help, std::move(settings)) {}
 
-    void addDefinitions(ArgumentSet& arguments, const InputContext& context) const override {
-        ArgumentDefinition definition = this->definition(context);
-        definition.kind = ArgumentDefinition::Positional();
-        arguments.append(std::move(definition));
+    void addDefinitions(ArgumentSet& arguments, const InputContext& context) override {
+        arguments.append(this->definition(context, ArgumentDefinition::Kind::positional));
     }
 };
 

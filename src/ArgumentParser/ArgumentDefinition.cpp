@@ -2,37 +2,30 @@
 
 #include <algorithm>
 
+#include "ArgumentParser/ParsableCommand.h"
+
 namespace argumentparser {
 
-const std::vector<Name>& ArgumentDefinition::names() const {
-    static const std::vector<Name> none;
-    const Named* named = std::get_if<Named>(&kind);
-    return named == nullptr ? none : named->names;
-}
-
 const Name* ArgumentDefinition::preferredName() const {
-    const std::vector<Name>& all = names();
     const auto found =
-        std::find_if(all.begin(), all.end(), [](const Name& name) { return name.kind != Name::Kind::shortName; });
-    if (found != all.end()) {
+        std::find_if(names.begin(), names.end(), [](const Name& name) { return name.kind != Name::Kind::shortName; });
+    if (found != names.end()) {
         return &*found;
     }
-    return all.empty() ? nullptr : &all.front();
+    return names.empty() ? nullptr : &names.front();
 }
 
 std::string ArgumentDefinition::valueName() const {
     if (!help.valueName.empty()) {
         return std::string(help.valueName);
     }
-    if (const Name* name = preferredName()) {
-        return name->text;
-    }
-    return help.keys.empty() ? "value" : kebabCase(help.keys.front().name);
+    const Name* name = preferredName();
+    return name != nullptr ? name->text : std::string(key.name);
 }
 
 std::string ArgumentDefinition::synopsis() const {
     const std::string text = synopsisWithoutBrackets();
-    return help.isOptional && !text.empty() ? "[" + text + "]" : text;
+    return isOptional && !text.empty() ? "[" + text + "]" : text;
 }
 
 std::string ArgumentDefinition::synopsisWithoutBrackets() const {
@@ -47,7 +40,7 @@ std::string ArgumentDefinition::synopsisWithoutBrackets() const {
     } else {
         return text;
     }
-    if (help.isRepeating) {
+    if (isRepeating) {
         text += " ...";
         if (parsingStrategy == ParsingStrategy::allRemainingInput) {
             text = "-- " + text;
@@ -56,25 +49,12 @@ std::string ArgumentDefinition::synopsisWithoutBrackets() const {
     return text;
 }
 
-void ArgumentSet::append(ArgumentDefinition definition) {
-    for (const Name& name : definition.names()) {
-        if (find(name) == nullptr) {
-            namePositions_.emplace_back(name, content_.size());
-        }
-    }
-    content_.push_back(std::move(definition));
+std::string ArgumentDefinition::defaultValue() const {
+    return input == nullptr ? std::string() : input->defaultValueText();
 }
 
-const ArgumentDefinition* ArgumentSet::find(const Name& name) const {
-    const auto found = std::find_if(namePositions_.begin(), namePositions_.end(),
-                                    [&](const auto& position) { return position.first == name; });
-    return found == namePositions_.end() ? nullptr : &content_[found->second];
-}
-
-bool ArgumentSet::capturesForPassthrough() const {
-    return std::any_of(content_.begin(), content_.end(), [](const ArgumentDefinition& definition) {
-        return definition.isRepeatingPositional() && definition.parsingStrategy == ParsingStrategy::allRemainingInput;
-    });
+std::vector<std::string_view> ArgumentDefinition::allValueStrings() const {
+    return input == nullptr ? std::vector<std::string_view>() : input->allValueStrings();
 }
 
 } // namespace argumentparser

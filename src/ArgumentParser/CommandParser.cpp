@@ -1,32 +1,19 @@
 #include "ArgumentParser/CommandParser.h"
 
 #include <algorithm>
+#include <new>
 
+#include "ArgumentParser/BuiltInFlags.h"
 #include "ArgumentParser/CommandExit.h"
 #include "ArgumentParser/HelpCommand.h"
-#include "ArgumentParser/HelpNames.h"
-#include "ArgumentParser/LenientParser.h"
+#include "ArgumentParser/KnownArgumentsParser.h"
 
 namespace argumentparser {
 
 namespace {
 
-/// `error` as a parser error: itself, or what a hook threw.
-ParserError asParserError(const std::exception_ptr& error) {
-    try {
-        std::rethrow_exception(error);
-    } catch (const ParserError& parserError) {
-        return parserError;
-    } catch (...) {
-        return UserValidationError{error};
-    }
-}
-
-/// Whether `error` is a failure, and not one of the ways to end well or with a status of one's own choice.
+/// Whether `error` is a failure, and not a hook's way to end well or with a status of its own choice.
 bool isFailure(const ParserError& error) {
-    if (std::holds_alternative<HelpRequested>(error) || std::holds_alternative<VersionRequested>(error)) {
-        return false;
-    }
     const auto* hookError = std::get_if<UserValidationError>(&error);
     if (hookError == nullptr) {
         return true;
@@ -44,39 +31,33 @@ bool isFailure(const ParserError& error) {
 
 } // namespace
 
-CommandParser::CommandParser(const CommandType& root) : commandTree_(root), currentNode_(&commandTree_) {}
-
-const ParsableCommand& CommandParser::parse(std::span<const std::string> arguments) {
+const ParsableCommand& CommandParser::parse(std::span<const std::string_view> arguments) {
     try {
         SplitArguments split(arguments);
         descend(split);
         checkForBuiltInFlags(split);
         checkForLeftovers(split);
-    } catch (...) {
-        ParserError error = asParserError(std::current_exception());
+    } catch (const ParserError& error) {
         if (arguments.empty() && isFailure(error)) {
-            error = NoArguments{std::make_exception_ptr(error)};
+            throw CommandError{currentNode_, NoArguments{std::make_exception_ptr(error)}};
         }
-        throw CommandError{currentNode_->commandStack(), std::move(error), {arguments.begin(), arguments.end()}};
+        throw CommandError{currentNode_, error};
     }
-    ParsableCommand& command = *decodedArguments_.back().value;
-    if (currentNode_->element() == CommandType::of<HelpCommand>()) {
-        static_cast<HelpCommand&>(command).resolve(commandTree_);
-    }
-    return command;
+    return decodedCommands_.last();
 }
 
 void CommandParser::descend(SplitArguments& split) {
     while (true) {
         parseCurrent(split);
-        if (!split.isEmpty() && split.front().text() != nullptr) {
-            if (const Tree* child = currentNode_->child(*split.front().text())) {
-                split.remove(split.front().index);
+        const SplitArguments::Element* next = split.firstUnused();
+        if (next != nullptr && next->text() != nullptr) {
+            if (const Tree* child = currentNode_->child(*next->text())) {
+                split.markUsed(next->index);
                 currentNode_ = child;
                 continue;
             }
         }
-        if (split.elements().size() == 1) {
+        if (split.unusedCount() == 1) {
             checkForBuiltInFlags(split);
         }
         const auto& defaultSubcommand = currentNode_->configuration().defaultSubcommand;
@@ -94,53 +75,69 @@ void CommandParser::descend(SplitArguments& split) {
 void CommandParser::parseCurrent(SplitArguments& split) {
     std::unique_ptr<ParsableCommand> command = currentNode_->element().construct();
     const ArgumentSet arguments = command->argumentSet();
-    ParsedValues values = parseLeniently(arguments, split, *currentNode_);
-    SplitArguments left = split;
-    left.remove(values.allOrigins());
-    if (capturesUnrecognized(arguments)) {
-        checkForBuiltInFlags(left);
-        captureUnrecognized(arguments, left, values);
-        left.remove(values.allOrigins());
+    parseKnownArguments(arguments, split, *currentNode_);
+    if (const auto* list = arguments.findPositional(ParsingStrategy::allUnrecognized)) {
+        checkForBuiltInFlags(split);
+        captureUnrecognized(*list, split);
     }
     try {
-        ArgumentDecoder decoder(values, decodedArguments_);
-        command->decode(decoder, {});
-        split.remove(decoder.usedOrigins());
-        decodedArguments_.push_back({currentNode_->element(), std::move(command)});
-        decodedArguments_.back().value->validate();
-    } catch (...) {
+        decode(*command);
+    } catch (const ParserError&) {
         // A request for help is answered even where the rest of the line is wrong.
-        checkForBuiltInFlags(left);
+        checkForBuiltInFlags(split);
         throw;
+    }
+    if (currentNode_->element() == CommandType::of<HelpCommand>()) {
+        static_cast<HelpCommand&>(*command).resolve(commandTree_);
+    }
+    decodedCommands_.add(currentNode_->element(), std::move(command));
+}
+
+void CommandParser::decode(ParsableCommand& command) {
+    try {
+        command.decode(decodedCommands_, {});
+        command.validate();
+    } catch (const ParserError&) {
+        throw;
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (...) {
+        throw ParserError(UserValidationError{std::current_exception()});
     }
 }
 
 void CommandParser::checkForBuiltInFlags(const SplitArguments& split) const {
-    const std::vector<CommandType> stack = currentNode_->commandStack();
-    const auto isGiven = [&](const std::vector<Name>& names) {
+    const auto isGiven = [&](const auto& isWanted) {
         return std::any_of(split.elements().begin(), split.elements().end(), [&](const auto& element) {
             const ParsedArgument* option = element.option();
-            return option != nullptr && std::find(names.begin(), names.end(), option->name) != names.end();
+            return !element.isUsed && option != nullptr && isWanted(option->name);
         });
     };
+    if (!isGiven([](const Name&) { return true; })) {
+        return;
+    }
     for (const auto visibility : {ArgumentVisibility::shown, ArgumentVisibility::hidden}) {
-        if (isGiven(getHelpNames(stack, visibility))) {
-            throw ParserError(HelpRequested{visibility});
+        const std::vector<Name> names = helpFlagNames(*currentNode_, visibility);
+        if (isGiven([&](const Name& name) { return std::find(names.begin(), names.end(), name) != names.end(); })) {
+            throw CommandError{currentNode_, HelpRequested{visibility}};
         }
     }
-    if (!versionOf(stack).empty() && isGiven({versionFlagName})) {
-        throw ParserError(VersionRequested());
+    if (isGiven(isVersionFlagName) && !versionOf(*currentNode_).empty()) {
+        throw CommandError{currentNode_, VersionRequested()};
     }
 }
 
 void CommandParser::checkForLeftovers(const SplitArguments& split) const {
     UnexpectedExtraValues extra;
     for (const SplitArguments::Element& element : split.elements()) {
+        if (element.isUsed) {
+            continue;
+        }
         if (const ParsedArgument* option = element.option()) {
-            throw ParserError(UnknownOption{InputOrigin(element.index), option->name});
+            throw ParserError(UnknownOption{option->name});
         }
         if (const std::string_view* text = element.text()) {
-            extra.values.emplace_back(InputOrigin(element.index), *text);
+            extra.values.emplace_back(*text);
         }
     }
     if (!extra.values.empty()) {

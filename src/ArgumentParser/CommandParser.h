@@ -2,10 +2,10 @@
 #pragma once
 
 #include <span>
-#include <string>
-#include <vector>
+#include <string_view>
 
-#include "ArgumentParser/ArgumentDecoder.h"
+#include "ArgumentParser/ArgumentSet.h"
+#include "ArgumentParser/DecodedCommands.h"
 #include "ArgumentParser/ParserError.h"
 #include "ArgumentParser/SplitArguments.h"
 #include "ArgumentParser/Tree.h"
@@ -14,23 +14,26 @@ namespace argumentparser {
 
 class CommandParser {
 public:
-    explicit CommandParser(const CommandType& root);
+    explicit CommandParser(const CommandType& root) : commandTree_(root), currentNode_(&commandTree_) {}
 
     const Tree& commandTree() const { return commandTree_; }
 
     /// The command that `arguments` (without the program's name) select, decoded and validated. It lives as long as
-    /// the parser; `arguments` is no longer needed afterwards. To be called once. Throws CommandError.
-    const ParsableCommand& parse(std::span<const std::string> arguments);
+    /// the parser; `arguments` is no longer needed afterwards. To be called once. Throws CommandError; memory that ran
+    /// out stays std::bad_alloc.
+    const ParsableCommand& parse(std::span<const std::string_view> arguments);
 
 private:
     void descend(SplitArguments& split);
     void parseCurrent(SplitArguments& split);
+    /// Decodes and validates `command`. What a hook throws becomes a UserValidationError.
+    void decode(ParsableCommand& command);
     void checkForBuiltInFlags(const SplitArguments& split) const;
     void checkForLeftovers(const SplitArguments& split) const;
 
     Tree commandTree_;
     const Tree* currentNode_;
-    std::vector<DecodedArguments> decodedArguments_;
+    DecodedCommands decodedCommands_;
 };
 
 } // namespace argumentparser

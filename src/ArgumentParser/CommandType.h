@@ -2,8 +2,9 @@
 #pragma once
 
 #include <memory>
-#include <string>
 #include <string_view>
+
+#include "ArgumentParser/KebabCase.h"
 
 namespace argumentparser {
 
@@ -21,7 +22,9 @@ public:
     /// The command with its inputs, not decoded yet.
     std::unique_ptr<ParsableCommand> construct() const;
     /// The configured name, else the type's name in kebab case.
-    std::string commandName() const;
+    std::string_view commandName() const;
+    /// The type's name in kebab case.
+    std::string_view typeName() const { return operations_->typeName; }
 
     bool operator==(const CommandType&) const = default;
 
@@ -33,7 +36,7 @@ private:
     };
 
     template <class Command>
-    static constexpr std::string_view typeName() {
+    static constexpr std::string_view declaredTypeName() {
         // "… [with Command = space::Type; …]" or "… [Command = space::Type]"
         constexpr std::string_view marker = "Command = ";
         std::string_view text = __PRETTY_FUNCTION__;
@@ -44,10 +47,13 @@ private:
     }
 
     template <class Command>
+    static constexpr KebabCase<declaredTypeName<Command>().size()> kebabName{declaredTypeName<Command>()};
+
+    template <class Command>
     static constexpr Operations operationsOf{
         [] { return Command::configuration(); },
         []() -> std::unique_ptr<ParsableCommand> { return std::make_unique<Command>(); },
-        typeName<Command>(),
+        kebabName<Command>.text(),
     };
 
     explicit CommandType(const Operations* operations) : operations_(operations) {}

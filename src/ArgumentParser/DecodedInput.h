@@ -2,12 +2,13 @@
 #pragma once
 
 #include <algorithm>
-#include <any>
+#include <concepts>
 #include <optional>
+#include <utility>
 #include <vector>
 
-#include "ArgumentParser/ArgumentDecoder.h"
 #include "ArgumentParser/ConfigurationFailure.h"
+#include "ArgumentParser/ParsableCommand.h"
 #include "ArgumentParser/ParserError.h"
 
 namespace argumentparser {
@@ -32,6 +33,11 @@ struct ValueShape<std::vector<T>> {
     static constexpr bool isList = true;
 };
 
+/// One value, perhaps one, or a list of values: nothing nested.
+template <class T>
+concept InputValue = std::same_as < typename ValueShape<T>::Element,
+typename ValueShape<typename ValueShape<T>::Element>::Element > ;
+
 [[noreturn]] inline void undecodedInputFailure() {
     configurationFailure("Can't read a value from a parsable\u00A0argument definition.\n\nAn Option, Flag, Argument, "
                          "OptionGroup or ParentCommand has a value only once its command was decoded from a command "
@@ -42,6 +48,8 @@ struct ValueShape<std::vector<T>> {
 /// declared as a default ends the process.
 template <class T>
 class DecodedInput : public DeclaredInput {
+    static_assert(InputValue<T>, "An input has a value type, an optional one or a vector, none inside another.");
+
 public:
     using Shape = ValueShape<T>;
     using Element = typename Shape::Element;
@@ -67,70 +75,48 @@ public:
 
 protected:
     DecodedInput(ParsableArguments& owner, std::string_view key, std::optional<T> initial, const ArgumentHelp& help)
-        : DeclaredInput(owner), key_(key.starts_with('_') ? key.substr(1) : key), default_(initial), help_(help),
-          value_(std::move(initial)) {}
+        : DeclaredInput(owner), key_(key), help_(help), value_(std::move(initial)) {}
     ~DecodedInput() = default;
 
     std::string_view key() const { return key_; }
-    const std::optional<T>& declaredDefault() const { return default_; }
-    bool isOptional() const { return Shape::isOptional || default_.has_value(); }
+    /// The declared default, until something is recorded.
+    const std::optional<T>& value() const { return value_; }
+    void setValue(T value) { value_ = std::move(value); }
+    /// Adds to what was given before; the first element takes the place of a default.
+    void append(Element element) requires(Shape::isList) {
+        if (!std::exchange(isGiven_, true)) {
+            value_.emplace();
+        }
+        value_->push_back(std::move(element));
+    }
 
-    /// What the declaration says, whatever the kind of input. Its forms and its update are the kind's own.
-    ArgumentDefinition declaredDefinition(const InputContext& context, const InputKey& key, bool isRepeating,
-                                          std::string defaultValue) const {
-        ArgumentDefinition definition;
-        definition.help = {
-            .isOptional = isOptional(),
-            .isRepeating = isRepeating,
-            .defaultValue = std::move(defaultValue),
-            .keys = {key},
-            .allValueStrings = {},
-            .abstract = help_.abstract,
-            .discussion = help_.discussion,
-            .valueName = help_.valueName,
-            .visibility = std::max(help_.visibility, context.visibility),
-            .parentTitle = context.parentTitle,
-        };
-        definition.initial = recordDefault(key);
+    /// What the declaration says, whatever the kind of input.
+    ArgumentDefinition declaredDefinition(const InputContext& context) {
+        ArgumentDefinition definition{.key = context.key(key_), .help = help_};
+        definition.help.visibility = std::max(help_.visibility, context.visibility);
+        definition.parentTitle = context.parentTitle;
+        definition.isOptional = Shape::isOptional || value_.has_value();
+        definition.isRepeating = Shape::isList;
+        definition.input = this;
         return definition;
     }
 
-    void decode(ArgumentDecoder& decoder, const InputContext& context) override {
-        const InputKey inputKey = context.key(key_);
-        if (const std::any* value = decoder.take(inputKey)) {
-            if constexpr (Shape::isOptional) {
-                value_ = std::any_cast<const Element&>(*value);
-            } else {
-                value_ = std::any_cast<const T&>(*value);
-            }
-        } else if constexpr (Shape::isOptional) {
-            value_ = T();
+    void decode(const DecodedCommands&, const InputContext& context) override {
+        if (value_) {
+            return;
+        }
+        if constexpr (Shape::isOptional) {
+            value_.emplace();
         } else {
-            throw ParserError(NoValue{inputKey});
+            throw ParserError(NoValue{context.key(key_)});
         }
     }
 
 private:
-    /// Records the declared default. An optional input without one has no value to record.
-    std::function<void(ParsedValues&)> recordDefault(const InputKey& key) const {
-        if (!default_) {
-            return {};
-        }
-        return [this, key](ParsedValues& values) {
-            if constexpr (Shape::isOptional) {
-                if (*default_) {
-                    values.setDefault(key, **default_);
-                }
-            } else {
-                values.setDefault(key, *default_);
-            }
-        };
-    }
-
     std::string_view key_;
-    std::optional<T> default_;
     ArgumentHelp help_;
     std::optional<T> value_;
+    bool isGiven_ = false;
 };
 
 } // namespace argumentparser

@@ -2,9 +2,10 @@
 
 #include <algorithm>
 
+#include "ArgumentParser/BuiltInFlags.h"
 #include "ArgumentParser/CommandExit.h"
 #include "ArgumentParser/EditDistance.h"
-#include "ArgumentParser/HelpGenerator.h"
+#include "ArgumentParser/Tree.h"
 #include "platform/Text.h"
 
 namespace argumentparser {
@@ -19,29 +20,35 @@ std::string quotedList(const std::vector<std::string>& texts) {
     return quoted(platform::joined(texts, "', '"));
 }
 
-/// Words the messages of one failed command.
-class ErrorMessageGenerator {
+/// The path and the name joined with ".".
+std::string keyText(const InputKey& key) {
+    std::string text;
+    for (const std::string_view group : key.path) {
+        text.append(group).append(".");
+    }
+    return text.append(key.name);
+}
+
+bool isVisible(const ArgumentDefinition& definition, const InputKey& key) {
+    return definition.isVisible() && definition.key == key;
+}
+
+const ArgumentDefinition* visibleDefinition(const ArgumentSet& arguments, const InputKey& key) {
+    const auto& content = arguments.content();
+    const auto found = std::find_if(content.begin(), content.end(),
+                                    [&](const ArgumentDefinition& definition) { return isVisible(definition, key); });
+    return found == content.end() ? nullptr : &*found;
+}
+
+const ArgumentDefinition* visibleDefinition(const ArgumentSet& arguments, const Name& name) {
+    const ArgumentDefinition* definition = arguments.find(name);
+    return definition != nullptr && definition->isVisible() ? definition : nullptr;
+}
+
+/// Words a message for each kind of error.
+class Wording {
 public:
-    explicit ErrorMessageGenerator(const CommandError& error)
-        : error_(error), command_(error.commandStack.back().construct()) {
-        const ArgumentSet all = command_->argumentSet();
-        for (const ArgumentDefinition& definition : all.content()) {
-            if (definition.isVisible()) {
-                arguments_.append(definition);
-            }
-        }
-    }
-
-    std::string message() const { return std::visit(*this, error_.parserError); }
-
-    std::string helpLine() const {
-        const ArgumentDefinition* definition = failingDefinition();
-        if (definition == nullptr || definition->help.abstract.empty()) {
-            return {};
-        }
-        std::string form = definition->isPositional() ? "" : definition->preferredName()->synopsis() + " ";
-        return form + "<" + definition->valueName() + ">  " + std::string(definition->help.abstract);
-    }
+    Wording(const Tree& node, const ArgumentSet& arguments) : node_(node), arguments_(arguments) {}
 
     std::string operator()(const HelpRequested&) const { return {}; }
     std::string operator()(const VersionRequested&) const { return {}; }
@@ -58,7 +65,7 @@ public:
 
     std::string operator()(const MissingValueOrUnknownCompositeOption& error) const {
         return unknownOption(error.compositeName) + "\n   or: " + missingValue(error.shortName) + " in " +
-               quoted(rawText(error.origin));
+               quoted(error.group);
     }
 
     std::string operator()(const UnexpectedValueForOption& error) const {
@@ -68,36 +75,33 @@ public:
 
     std::string operator()(const UnexpectedExtraValues& error) const {
         if (error.values.size() == 1) {
-            return "Unexpected argument " + quoted(error.values.front().second);
+            return "Unexpected argument " + quoted(error.values.front());
         }
-        std::vector<std::string> texts;
-        for (const auto& [origin, text] : error.values) {
-            texts.push_back(text);
-        }
-        return std::to_string(texts.size()) + " unexpected arguments: " + quotedList(texts);
+        return std::to_string(error.values.size()) + " unexpected arguments: " + quotedList(error.values);
     }
 
     std::string operator()(const DuplicateExclusiveValues& error) const {
-        return "Value to be set with " + place(error.duplicate) + " had already been set with " + place(error.previous);
+        return "Value to be set with " + location(error.duplicate) + " had already been set with " +
+               location(error.previous);
     }
 
     std::string operator()(const NoValue& error) const {
         std::vector<std::string> synopses;
         for (const ArgumentDefinition& definition : arguments_.content()) {
             std::string synopsis = definition.synopsisWithoutBrackets();
-            if (bears(definition, error.key) && !synopsis.empty()) {
+            if (isVisible(definition, error.key) && !synopsis.empty()) {
                 synopses.push_back(std::move(synopsis));
             }
         }
         if (synopses.empty()) {
-            return "No value set for non-argument var " + error.key.text() +
+            return "No value set for non-argument var " + keyText(error.key) +
                    ". Replace with a static variable, or let constant.";
         }
         return (synopses.size() == 1 ? "Missing expected argument " : "Missing one of: ") + quotedList(synopses);
     }
 
     std::string operator()(const UnableToParseValue& error) const {
-        const ArgumentDefinition* definition = definitionOf(error.key);
+        const ArgumentDefinition* definition = visibleDefinition(arguments_, error.key);
         std::string valueName = definition == nullptr ? "" : "<" + definition->valueName() + ">";
         std::string target = error.name ? error.name->synopsis() : "";
         if (!target.empty() && !valueName.empty()) {
@@ -116,8 +120,6 @@ public:
             std::rethrow_exception(error.error);
         } catch (const ParserError& wrapped) {
             return std::visit(*this, wrapped);
-        } catch (...) {
-            return errorDescription(error.error);
         }
     }
 
@@ -136,31 +138,6 @@ public:
     std::string operator()(const MissingSubcommand&) const { return "Missing required subcommand."; }
 
 private:
-    static bool bears(const ArgumentDefinition& definition, const InputKey& key) {
-        const auto& keys = definition.help.keys;
-        return std::find(keys.begin(), keys.end(), key) != keys.end();
-    }
-
-    const ArgumentDefinition* definitionOf(const InputKey& key) const {
-        const auto& content = arguments_.content();
-        const auto found = std::find_if(content.begin(), content.end(),
-                                        [&](const ArgumentDefinition& definition) { return bears(definition, key); });
-        return found == content.end() ? nullptr : &*found;
-    }
-
-    const ArgumentDefinition* failingDefinition() const {
-        if (const auto* error = std::get_if<NoValue>(&error_.parserError)) {
-            return definitionOf(error->key);
-        }
-        if (const auto* error = std::get_if<MissingValueForOption>(&error_.parserError)) {
-            return arguments_.find(error->name);
-        }
-        if (const auto* error = std::get_if<UnableToParseValue>(&error_.parserError)) {
-            return definitionOf(error->key);
-        }
-        return nullptr;
-    }
-
     std::string unknownOption(const Name& name) const {
         const std::string message = "Unknown option " + quoted(name.synopsis());
         if (name.kind == Name::Kind::shortName) {
@@ -172,45 +149,38 @@ private:
 
     /// The visible name that a misspelt one may stand for; empty for none.
     std::string nearestName(std::string_view synopsis) const {
-        std::size_t leastDistance = 4;
+        std::size_t minimumDistance = 4;
         std::string nearest;
         const auto consider = [&](const ArgumentDefinition& definition) {
-            for (const Name& name : definition.names()) {
+            if (!definition.isVisible()) {
+                return;
+            }
+            for (const Name& name : definition.names) {
                 const std::size_t distance = editDistance(synopsis, name.synopsis());
-                if (distance < leastDistance) {
-                    leastDistance = distance;
+                if (distance < minimumDistance) {
+                    minimumDistance = distance;
                     nearest = name.synopsis();
                 }
             }
         };
         std::for_each(arguments_.content().begin(), arguments_.content().end(), consider);
-        const auto builtIns = builtInDefinitions(error_.commandStack);
+        const auto builtIns = builtInDefinitions(node_);
         std::for_each(builtIns.begin(), builtIns.end(), consider);
         return nearest;
     }
 
     std::string missingValue(const Name& name) const {
-        const ArgumentDefinition* definition = arguments_.find(name);
+        const ArgumentDefinition* definition = visibleDefinition(arguments_, name);
         const std::string value = definition == nullptr ? "" : " <" + definition->valueName() + ">";
         return "Missing value for " + quoted(name.synopsis() + value);
     }
 
-    std::string rawText(const InputOrigin& origin) const {
-        const std::size_t position = origin.indices().front().inputIndex;
-        return position < error_.originalInput.size() ? error_.originalInput[position] : "";
-    }
-
-    std::string place(const InputOrigin& origin) const {
-        if (origin.isDefaultValue()) {
-            return "position default";
+    static std::string location(const FlagLocation& flag) {
+        if (!flag.subIndex) {
+            return "flag " + quoted(flag.text);
         }
-        const ArgumentIndex index = origin.indices().front();
-        const std::string text = rawText(origin);
-        if (index.isComplete()) {
-            return "flag " + quoted(text);
-        }
-        const auto characters = platform::splitCharacters(text);
-        return "flag " + quoted(characters.at(*index.subIndex + 1)) + " in " + quoted(text);
+        const auto characters = platform::splitCharacters(flag.text);
+        return "flag " + quoted(characters.at(*flag.subIndex + 1)) + " in " + quoted(flag.text);
     }
 
     static std::string invalidValueReason(const UnableToParseValue& error, const ArgumentDefinition* definition) {
@@ -221,15 +191,15 @@ private:
         }
         std::vector<std::string> values;
         if (definition != nullptr) {
-            for (const std::string_view value : definition->help.allValueStrings) {
+            for (const std::string_view value : definition->allValueStrings()) {
                 values.push_back(quoted(value));
             }
         }
         if (values.empty()) {
             return {};
         }
-        constexpr std::size_t longestLine = 5;
-        if (values.size() > longestLine) {
+        constexpr std::size_t maximumInLine = 5;
+        if (values.size() > maximumInLine) {
             return ". Please provide one of the following:\n  - " + platform::joined(values, "\n  - ");
         }
         std::string last = values.back();
@@ -238,19 +208,36 @@ private:
                ".";
     }
 
-    const CommandError& error_;
-    std::unique_ptr<ParsableCommand> command_;
-    ArgumentSet arguments_; ///< The visible ones.
+    const Tree& node_;
+    const ArgumentSet& arguments_;
 };
+
+const ArgumentDefinition* failingDefinition(const ParserError& parserError, const ArgumentSet& arguments) {
+    if (const auto* error = std::get_if<NoValue>(&parserError)) {
+        return visibleDefinition(arguments, error->key);
+    }
+    if (const auto* error = std::get_if<MissingValueForOption>(&parserError)) {
+        return visibleDefinition(arguments, error->name);
+    }
+    if (const auto* error = std::get_if<UnableToParseValue>(&parserError)) {
+        return visibleDefinition(arguments, error->key);
+    }
+    return nullptr;
+}
 
 } // namespace
 
-std::string errorMessage(const CommandError& error) {
-    return ErrorMessageGenerator(error).message();
+std::string ErrorMessageGenerator::message() const {
+    return std::visit(Wording(*error_.node, arguments_), error_.parserError);
 }
 
-std::string errorHelpLine(const CommandError& error) {
-    return ErrorMessageGenerator(error).helpLine();
+std::string ErrorMessageGenerator::helpLine() const {
+    const ArgumentDefinition* definition = failingDefinition(error_.parserError, arguments_);
+    if (definition == nullptr || definition->help.abstract.empty()) {
+        return {};
+    }
+    const std::string form = definition->isPositional() ? "" : definition->preferredName()->synopsis() + " ";
+    return form + "<" + definition->valueName() + ">  " + std::string(definition->help.abstract);
 }
 
 std::string errorDescription(const std::exception_ptr& error) {

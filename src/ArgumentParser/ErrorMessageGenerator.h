@@ -1,18 +1,30 @@
 // The words for a failed parse.
 #pragma once
 
+#include <exception>
 #include <string>
-#include <vector>
 
+#include "ArgumentParser/ArgumentSet.h"
 #include "ArgumentParser/ParserError.h"
 
 namespace argumentparser {
 
-/// The message of an error that is a failure, and no request for help or the version.
-std::string errorMessage(const CommandError& error);
+/// Words one failed parse. Of the command's inputs it names the visible ones only.
+class ErrorMessageGenerator {
+public:
+    /// `error` is a failure, and no request for help or the version; `arguments` are those of the command it names, not
+    /// parsed yet. Both must outlive this.
+    ErrorMessageGenerator(const CommandError& error, const ArgumentSet& arguments)
+        : error_(error), arguments_(arguments) {}
 
-/// The help line of the input that the error is about: its form and its abstract; empty where there is none.
-std::string errorHelpLine(const CommandError& error);
+    std::string message() const;
+    /// The form and the abstract of the input that the error is about; empty where there is none.
+    std::string helpLine() const;
+
+private:
+    const CommandError& error_;
+    const ArgumentSet& arguments_;
+};
 
 /// What an error thrown by a command or a transform says of itself; empty when it says nothing.
 std::string errorDescription(const std::exception_ptr& error);

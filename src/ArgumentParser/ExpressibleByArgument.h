@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "ArgumentParser/CompletionKind.h"
+#include "ArgumentParser/FloatingPoint.h"
 #include "platform/Text.h"
 
 namespace argumentparser {
@@ -74,7 +75,13 @@ struct ArgumentValue<bool> : OpenArgumentValue {
 
 template <class Number>
 requires(std::integral<Number> || std::floating_point<Number>) struct ArgumentValue<Number> : OpenArgumentValue {
-    static std::optional<Number> read(std::string_view text) { return platform::parseNumber<Number>(text); }
+    static std::optional<Number> read(std::string_view text) {
+        if constexpr (std::floating_point<Number>) {
+            return floatingPoint<Number>(text);
+        } else {
+            return platform::parseNumber<Number>(text);
+        }
+    }
     static std::string defaultValueDescription(Number value) {
         char buffer[64];
         return {buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr};
@@ -120,7 +127,7 @@ struct ArgumentValue<Value> {
 };
 
 /// A type with its own reading. `text()` gives the text of a value; a static `allValueStrings()` may name the values
-/// that are known.
+/// that are known, and a static `defaultCompletionKind()` say what a shell may offer.
 template <ReadableFromArgument Value>
 struct ArgumentValue<Value> : OpenArgumentValue {
     static std::optional<Value> read(std::string_view text) { return Value::fromArgument(text); }
@@ -133,6 +140,9 @@ struct ArgumentValue<Value> : OpenArgumentValue {
         }
     }
     static CompletionKind defaultCompletionKind() {
+        if constexpr (requires { Value::defaultCompletionKind(); }) {
+            return Value::defaultCompletionKind();
+        }
         std::vector<std::string_view> values = allValueStrings();
         return values.empty() ? CompletionKind() : CompletionKind{CompletionKind::List{std::move(values)}};
     }

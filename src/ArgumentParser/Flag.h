@@ -34,7 +34,8 @@ public:
 
     static constexpr bool isSwitch = std::same_as<Element, bool>;
     static constexpr bool isCounter = std::same_as<T, int>;
-    static_assert(isSwitch || isCounter || ClosedSetMember<Element>);
+    static constexpr bool isFamily = !isSwitch && !isCounter;
+    static_assert(!isFamily || ClosedSetMember<Element>, "A flag is a switch, a counter or one of a closed set.");
 
     /// A plain switch, off unless given; a counter, which starts at 0; or a family, of which one member is required
     /// unless `T` is optional.
@@ -53,29 +54,46 @@ public:
          const ArgumentHelp& help, FlagSettings settings = {}) requires(isSwitch)
         : Flag(owner, key, std::optional<T>(initial), inversion, help, std::move(settings)) {}
 
-    void addDefinitions(ArgumentSet& arguments, const InputContext& context) const override {
-        const InputKey key = context.key(this->key());
-        if constexpr (isCounter) {
-            arguments.append(counter(context, key));
-        } else if constexpr (isSwitch) {
-            if (!inversion_) {
-                arguments.append(member(context, key, Element(true), names_.names(this->key())));
-                return;
-            }
-            const bool isPrefixedNo = *inversion_ == FlagInversion::prefixedNo;
-            arguments.append(
-                member(context, key, Element(true),
-                       isPrefixedNo ? names_.names(this->key()) : names_.prefixedNames("enable", this->key(), true)));
-            arguments.append(member(context, key, Element(false),
-                                    names_.prefixedNames(isPrefixedNo ? "no" : "disable", this->key(), false)));
-        } else {
-            for (const auto& [value, text] : ClosedSet<Element>::members) {
-                ArgumentDefinition definition = member(context, key, value, familyNames(value, text));
+    void addDefinitions(ArgumentSet& arguments, const InputContext& context) override {
+        if constexpr (isFamily) {
+            for (std::size_t i = 0; i < std::size(ClosedSet<Element>::members); ++i) {
+                const auto& [value, text] = ClosedSet<Element>::members[i];
+                ArgumentDefinition definition = this->definition(context, familyNames(value, text), i);
                 if constexpr (requires(Element member) { ClosedSet<Element>::describe(member); }) {
                     definition.help.abstract = ClosedSet<Element>::describe(value);
                 }
                 arguments.append(std::move(definition));
             }
+        } else if (!inversion_) {
+            arguments.append(definition(context, names_.names(this->key()), onMember));
+        } else {
+            const bool isPrefixedNo = *inversion_ == FlagInversion::prefixedNo;
+            arguments.append(definition(
+                context, isPrefixedNo ? names_.names(this->key()) : names_.prefixedNames("enable", this->key(), true),
+                onMember));
+            arguments.append(definition(
+                context, names_.prefixedNames(isPrefixedNo ? "no" : "disable", this->key(), false), offMember));
+        }
+    }
+
+    void record(const ArgumentDefinition& definition, const Occurrence& occurrence) override {
+        if constexpr (isCounter) {
+            this->setValue(this->get() + 1);
+        } else {
+            choose(memberValue(definition.member), occurrence);
+        }
+    }
+
+    /// A switch that is off by default, like a counter at 0, goes without saying.
+    std::string defaultValueText() const override {
+        const std::optional<T>& initial = this->value();
+        if (!initial || (!inversion_ && !isFamily && *initial == T())) {
+            return {};
+        }
+        if constexpr (ValueShape<T>::isOptional) {
+            return *initial ? ArgumentValue<Element>::defaultValueDescription(**initial) : std::string();
+        } else {
+            return ArgumentValue<Element>::defaultValueDescription(*initial);
         }
     }
 
@@ -84,6 +102,9 @@ private:
          std::optional<FlagInversion> inversion, const ArgumentHelp& help, FlagSettings settings)
         : DecodedInput<T>(owner, key, std::move(initial), help), names_(std::move(settings.names)),
           inversion_(inversion), exclusivity_(settings.exclusivity) {}
+
+    static constexpr std::size_t offMember = 0;
+    static constexpr std::size_t onMember = 1;
 
     static std::optional<T> implicitDefault() {
         if constexpr (std::same_as<T, bool> || isCounter) {
@@ -101,60 +122,42 @@ private:
         }
     }
 
-    ArgumentDefinition definition(const InputContext& context, const InputKey& key, std::vector<Name> names) const {
-        ArgumentDefinition definition = this->declaredDefinition(context, key, isCounter, defaultValueText());
-        definition.kind = ArgumentDefinition::Named{std::move(names)};
-        definition.help.isComposite = inversion_.has_value() || !(isSwitch || isCounter);
+    ArgumentDefinition definition(const InputContext& context, std::vector<Name> names, std::size_t member) {
+        ArgumentDefinition definition = this->declaredDefinition(context);
+        definition.names = std::move(names);
+        definition.isRepeating = isCounter;
+        definition.isComposite = inversion_.has_value() || isFamily;
+        definition.member = member;
         return definition;
     }
 
-    ArgumentDefinition counter(const InputContext& context, const InputKey& key) const {
-        ArgumentDefinition result = definition(context, key, names_.names(this->key()));
-        result.update =
-            ArgumentDefinition::NullaryUpdate([key](const InputOrigin& origin, const Name&, ParsedValues& values) {
-                const ParsedValues::Element* count = values.find(key);
-                values.set(key, count == nullptr ? 1 : std::any_cast<int>(count->value) + 1, origin);
-            });
-        return result;
-    }
-
-    /// The flag that chooses `value`.
-    ArgumentDefinition member(const InputContext& context, const InputKey& key, Element value,
-                              std::vector<Name> names) const {
-        ArgumentDefinition result = definition(context, key, std::move(names));
-        result.update = ArgumentDefinition::NullaryUpdate(
-            [this, key, value](const InputOrigin& origin, const Name&, ParsedValues& values) {
-                const ParsedValues::Element* previous = values.find(key);
-                const bool isFirst = previous == nullptr || previous->inputOrigin.isDefaultValue();
-                const bool differs = !isFirst && std::any_cast<Element>(previous->value) != value;
-                if (differs && exclusivity_ == FlagExclusivity::exclusive) {
-                    throw ParserError(DuplicateExclusiveValues{previous->inputOrigin, origin});
-                }
-                if (differs && exclusivity_ == FlagExclusivity::chooseFirst) {
-                    values.addOrigin(key, origin);
-                } else {
-                    values.set(key, value, origin);
-                }
-            });
-        return result;
-    }
-
-    /// A switch that is off by default, like a counter at 0, goes without saying.
-    std::string defaultValueText() const {
-        const std::optional<T>& initial = this->declaredDefault();
-        if (!initial || (!inversion_ && (isSwitch || isCounter) && *initial == T())) {
-            return {};
-        }
-        if constexpr (ValueShape<T>::isOptional) {
-            return *initial ? ArgumentValue<Element>::defaultValueDescription(**initial) : std::string();
+    static Element memberValue(std::size_t member) {
+        if constexpr (isFamily) {
+            return ClosedSet<Element>::members[member].first;
         } else {
-            return ArgumentValue<Element>::defaultValueDescription(*initial);
+            return member == onMember;
         }
+    }
+
+    void choose(Element value, const Occurrence& occurrence) {
+        const auto location = [&] { return FlagLocation{std::string(occurrence.originalText), occurrence.subIndex}; };
+        if (!first_) {
+            first_ = location();
+        } else if (this->get() != T(value)) {
+            if (exclusivity_ == FlagExclusivity::exclusive) {
+                throw ParserError(DuplicateExclusiveValues{*first_, location()});
+            }
+            if (exclusivity_ == FlagExclusivity::chooseFirst) {
+                return;
+            }
+        }
+        this->setValue(value);
     }
 
     NameSpecification names_;
     std::optional<FlagInversion> inversion_;
     FlagExclusivity exclusivity_;
+    std::optional<FlagLocation> first_; ///< Of those given.
 };
 
 } // namespace argumentparser

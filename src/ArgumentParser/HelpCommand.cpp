@@ -5,19 +5,18 @@
 namespace argumentparser {
 
 void HelpCommand::resolve(const Tree& root) {
-    const Tree* node = &root;
+    node_ = &root;
     for (const std::string& word : *subcommands) {
-        const Tree* child = node->child(word);
+        const Tree* child = node_->child(word);
         if (child == nullptr) {
             break;
         }
-        node = child;
+        node_ = child;
     }
-    commandStack_ = node->commandStack();
 }
 
 void HelpCommand::run() const {
-    throw CommandError{commandStack_, HelpRequested(), {}};
+    throw CommandError{node_, HelpRequested()};
 }
 
 } // namespace argumentparser

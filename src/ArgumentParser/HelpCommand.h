@@ -24,11 +24,11 @@ struct HelpCommand final : ParsableCommand {
 
     /// Walks down from `root` by the words given, as far as they match.
     void resolve(const Tree& root);
-    /// Throws the request for the help of the commands found.
+    /// Throws the request for the help of the command found.
     void run() const override;
 
 private:
-    std::vector<CommandType> commandStack_;
+    const Tree* node_ = nullptr;
 };
 
 } // namespace argumentparser

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "ArgumentParser/HelpNames.h"
+#include "ArgumentParser/BuiltInFlags.h"
 #include "ArgumentParser/TextLayout.h"
 #include "ArgumentParser/UsageGenerator.h"
 #include "platform/Text.h"
@@ -18,9 +18,9 @@ constexpr int helpIndent = 2;
 constexpr int labelColumnWidth = 26;
 constexpr int discussionIndent = 8;
 constexpr int usageIndent = 7; // "USAGE: "
-constexpr std::string_view valueMark = "- ";
+constexpr std::string_view descriptionPrefix = "- ";
 
-std::string blanks(int count) {
+std::string spaces(int count) {
     return std::string(static_cast<std::size_t>(count), ' ');
 }
 
@@ -30,7 +30,7 @@ std::string labelOf(const ArgumentDefinition& definition) {
     }
     std::string label;
     for (const bool wantShort : {true, false}) {
-        for (const Name& name : definition.names()) {
+        for (const Name& name : definition.names) {
             if ((name.kind == Name::Kind::shortName) == wantShort) {
                 label += (label.empty() ? "" : ", ") + name.synopsis();
             }
@@ -40,23 +40,23 @@ std::string labelOf(const ArgumentDefinition& definition) {
 }
 
 /// What a row says in parentheses behind its abstract; empty for nothing.
-std::string valuesNote(const ArgumentDefinition::Help& help) {
+std::string valuesNote(const ArgumentDefinition& definition) {
     std::string values;
-    if (!help.discussion.enumerated) {
-        for (const std::string_view value : help.allValueStrings) {
+    if (!definition.help.discussion.enumerated) {
+        for (const std::string_view value : definition.allValueStrings()) {
             values.append(values.empty() ? "values: " : ", ").append(value);
         }
     }
     std::string note = values;
-    if (!help.defaultValue.empty()) {
-        note += (values.empty() ? "default: " : "; default: ") + help.defaultValue;
+    if (const std::string defaultValue = definition.defaultValue(); !defaultValue.empty()) {
+        note += (values.empty() ? "default: " : "; default: ") + defaultValue;
     }
     return note.empty() ? note : "(" + note + ")";
 }
 
-std::string abstractOf(const ArgumentDefinition::Help& help) {
-    std::string abstract(help.abstract);
-    const std::string note = valuesNote(help);
+std::string abstractOf(const ArgumentDefinition& definition) {
+    std::string abstract(definition.help.abstract);
+    const std::string note = valuesNote(definition);
     if (!abstract.empty() && !note.empty()) {
         abstract += ' ';
     }
@@ -64,7 +64,7 @@ std::string abstractOf(const ArgumentDefinition::Help& help) {
 }
 
 Element elementOf(const ArgumentDefinition& definition) {
-    return {labelOf(definition), abstractOf(definition.help), definition.help.discussion};
+    return {labelOf(definition), abstractOf(definition), definition.help.discussion};
 }
 
 /// One row for each definition, and one for each run of flags that together stand for one input.
@@ -73,8 +73,8 @@ std::vector<Element> elementsOf(const std::vector<const ArgumentDefinition*>& de
     const ArgumentDefinition* previous = nullptr;
     bool hasAbstract = false;
     for (const ArgumentDefinition* definition : definitions) {
-        const bool joins = previous != nullptr && definition->help.isComposite && previous->help.isComposite &&
-                           definition->help.keys == previous->help.keys;
+        const bool joins =
+            previous != nullptr && definition->isComposite && previous->isComposite && definition->key == previous->key;
         Element element = elementOf(*definition);
         if (joins) {
             elements.back().label += "/" + element.label;
@@ -92,7 +92,7 @@ std::vector<Element> elementsOf(const std::vector<const ArgumentDefinition*>& de
 }
 
 Element subcommandElement(const CommandType& command, const CommandConfiguration& configuration, bool isDefault) {
-    std::string label = command.commandName();
+    std::string label(command.commandName());
     for (const std::string_view alias : configuration.aliases) {
         label.append(", ").append(alias);
     }
@@ -117,10 +117,10 @@ std::vector<Section> argumentSections(const ArgumentSet& arguments, const std::v
     std::vector<const ArgumentDefinition*> options;
     std::vector<std::pair<std::string_view, std::vector<const ArgumentDefinition*>>> titled;
     for (const ArgumentDefinition& definition : arguments.content()) {
-        if (definition.help.visibility > visibility || (!definition.isPositional() && definition.names().empty())) {
+        if (definition.help.visibility > visibility || (!definition.isPositional() && definition.names.empty())) {
             continue;
         }
-        const std::string_view title = definition.help.parentTitle;
+        const std::string_view title = definition.parentTitle;
         if (!title.empty()) {
             auto found =
                 std::find_if(titled.begin(), titled.end(), [&](const auto& entry) { return entry.first == title; });
@@ -169,54 +169,34 @@ std::string renderedDiscussion(const ArgumentDiscussion& discussion, int columns
         const auto found = std::find_if(descriptions.begin(), descriptions.end(),
                                         [&](const auto& description) { return description.first == value; });
         const std::string_view description = found == descriptions.end() ? std::string_view() : found->second;
-        const int indent = labelColumnWidth + static_cast<int>(valueMark.size());
+        const int indent = labelColumnWidth + static_cast<int>(descriptionPrefix.size());
         std::string text = wrapped(description, columns, indent);
-        // The mark stands ahead of the first line, in its indent; further lines align behind it.
+        // The prefix stands ahead of the first line, in its indent; further lines align behind it.
         text.resize(std::max(text.size(), static_cast<std::size_t>(indent)), ' ');
-        text.replace(static_cast<std::size_t>(labelColumnWidth), valueMark.size(), valueMark);
-        result += besideLabel(blanks(discussionIndent) + std::string(value), platform::trimmedAtEnd(text));
+        text.replace(static_cast<std::size_t>(labelColumnWidth), descriptionPrefix.size(), descriptionPrefix);
+        result += besideLabel(spaces(discussionIndent) + std::string(value), platform::trimmedAtEnd(text));
     }
     return result;
 }
 
 std::string renderedElement(const Element& element, int columns) {
-    return besideLabel(blanks(helpIndent) + element.label, wrapped(element.abstract, columns, labelColumnWidth)) +
+    return besideLabel(spaces(helpIndent) + element.label, wrapped(element.abstract, columns, labelColumnWidth)) +
            renderedDiscussion(element.discussion, columns);
 }
 
 } // namespace
 
-std::vector<ArgumentDefinition> builtInDefinitions(const std::vector<CommandType>& stack) {
-    std::vector<ArgumentDefinition> definitions;
-    if (!versionOf(stack).empty()) {
-        ArgumentDefinition version;
-        version.kind = ArgumentDefinition::Named{{versionFlagName}};
-        version.help.isOptional = true;
-        version.help.abstract = "Show the version.";
-        definitions.push_back(std::move(version));
-    }
-    if (std::vector<Name> names = getHelpNames(stack, ArgumentVisibility::shown); !names.empty()) {
-        ArgumentDefinition help;
-        help.kind = ArgumentDefinition::Named{std::move(names)};
-        help.help.isOptional = true;
-        help.help.abstract = "Show help information.";
-        definitions.push_back(std::move(help));
-    }
-    return definitions;
-}
-
-HelpGenerator::HelpGenerator(const std::vector<CommandType>& stack, ArgumentVisibility visibility)
-    : commandStack_(stack) {
-    const CommandConfiguration configuration = stack.back().configuration();
-    const std::unique_ptr<ParsableCommand> command = stack.back().construct();
+HelpGenerator::HelpGenerator(const Tree& node, ArgumentVisibility visibility) : node_(node) {
+    const CommandConfiguration& configuration = node.configuration();
+    const std::unique_ptr<ParsableCommand> command = node.element().construct();
     const ArgumentSet arguments = command->argumentSet();
 
     abstract_ = configuration.abstract;
     if (!configuration.discussion.empty()) {
         abstract_ += (abstract_.empty() ? "\n" : "\n\n") + std::string(configuration.discussion);
     }
-    usage_ = usageText(stack, arguments);
-    sections_ = argumentSections(arguments, builtInDefinitions(stack), visibility);
+    usage_ = usageText(node, arguments);
+    sections_ = argumentSections(arguments, builtInDefinitions(node), visibility);
     sections_.push_back(
         subcommandSection("SUBCOMMANDS", configuration.ungroupedSubcommands, configuration.defaultSubcommand));
     for (const CommandGroup& group : configuration.groupedSubcommands) {
@@ -246,10 +226,7 @@ std::string HelpGenerator::rendered(std::optional<int> columns) const {
         separator = "\n";
     }
     if (hasSubcommands) {
-        std::string names = toolName(commandStack_);
-        const std::size_t firstName = std::min(names.find(' '), names.size());
-        names.insert(firstName, " help");
-        screen += "\n  See '" + names + " <subcommand>' for detailed help.";
+        screen += "\n  See '" + subcommandHelpCall(node_) + "' for detailed help.";
     }
     return screen;
 }

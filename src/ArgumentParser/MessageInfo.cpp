@@ -1,55 +1,59 @@
 #include "ArgumentParser/MessageInfo.h"
 
+#include <new>
+
+#include "ArgumentParser/BuiltInFlags.h"
 #include "ArgumentParser/CommandExit.h"
 #include "ArgumentParser/ErrorMessageGenerator.h"
 #include "ArgumentParser/HelpGenerator.h"
-#include "ArgumentParser/HelpNames.h"
 #include "ArgumentParser/UsageGenerator.h"
 
 namespace argumentparser {
 
 namespace {
 
-std::string helpScreen(const std::vector<CommandType>& stack, ArgumentVisibility visibility) {
-    return HelpGenerator(stack, visibility).rendered();
+MessageInfo helpScreen(const Tree& node, ArgumentVisibility visibility = ArgumentVisibility::shown) {
+    return {MessageInfo::Help{HelpGenerator(node, visibility).rendered()}};
 }
 
-std::string usageBlock(const std::vector<CommandType>& stack) {
-    const std::unique_ptr<ParsableCommand> command = stack.back().construct();
-    std::string block = usageMessage(stack, command->argumentSet());
-    if (const auto helpName = primaryHelpName(stack)) {
+std::string usageBlock(const Tree& node, const ArgumentSet& arguments) {
+    std::string block = usageMessage(node, arguments);
+    if (const auto helpName = primaryHelpFlagName(node)) {
         block += block.empty() ? "" : "\n";
-        block += "  See '" + commandNames(stack) + " " + helpName->synopsis() + "' for more information.";
+        block += "  See '" + commandNames(node) + " " + helpName->synopsis() + "' for more information.";
     }
     return block;
 }
 
-MessageInfo messageOf(const CleanExit& exit, const std::vector<CommandType>& stack, const Tree& root) {
+MessageInfo messageOf(const CleanExit& exit, const Tree& selected, const Tree& root) {
     if (const auto* message = std::get_if<CleanExit::Message>(&exit.reason)) {
         return {MessageInfo::Help{message->text}};
     }
     const auto& command = std::get<CleanExit::HelpRequest>(exit.reason).command;
     if (!command) {
-        return {MessageInfo::Help{helpScreen(stack, ArgumentVisibility::shown)}};
+        return helpScreen(selected);
     }
     const Tree* node = root.find(*command);
-    return {MessageInfo::Help{
-        helpScreen(node != nullptr ? node->commandStack() : std::vector{*command}, ArgumentVisibility::shown)}};
+    return node != nullptr ? helpScreen(*node) : helpScreen(Tree(*command));
 }
 
-/// For what a command's hook threw, while `stack` was selected.
-MessageInfo messageOfHookError(const std::exception_ptr& error, const std::vector<CommandType>& stack,
-                               const Tree& root) {
+/// For whatever was thrown, by a hook of the command at `selected` unless it is a CommandError.
+MessageInfo messageOf(const std::exception_ptr& error, const Tree& selected, const Tree& root) {
     try {
         std::rethrow_exception(error);
+    } catch (const CommandError& commandError) {
+        return MessageInfo::of(commandError, root);
     } catch (const ValidationError& validation) {
-        return {MessageInfo::Validation{validation.message, usageBlock(stack), {}}};
+        const std::unique_ptr<ParsableCommand> command = selected.element().construct();
+        return {MessageInfo::Validation{validation.message, usageBlock(selected, command->argumentSet()), {}}};
     } catch (const CleanExit& exit) {
-        return messageOf(exit, stack, root);
+        return messageOf(exit, selected, root);
     } catch (const ExitCode& code) {
         return {MessageInfo::Other{{}, code.rawValue}};
     } catch (const CommandFailure& failure) {
         return {MessageInfo::Other{failure.message, ExitCode::failure}};
+    } catch (const std::bad_alloc&) {
+        return {MessageInfo::Other{"Out of memory.", ExitCode::failure}};
     } catch (const std::exception& exception) {
         return {MessageInfo::Other{exception.what(), ExitCode::failure}};
     } catch (...) {
@@ -57,37 +61,29 @@ MessageInfo messageOfHookError(const std::exception_ptr& error, const std::vecto
     }
 }
 
-MessageInfo messageOf(const CommandError& error, const Tree& root) {
-    const std::vector<CommandType>& stack = error.commandStack;
-    if (const auto* help = std::get_if<HelpRequested>(&error.parserError)) {
-        return {MessageInfo::Help{helpScreen(stack, help->visibility)}};
-    }
-    if (std::holds_alternative<VersionRequested>(error.parserError)) {
-        const std::string_view version = versionOf(stack);
-        return {MessageInfo::Help{version.empty() ? "Unspecified version" : std::string(version)}};
-    }
-    if (const auto* hookError = std::get_if<UserValidationError>(&error.parserError)) {
-        return messageOfHookError(hookError->error, stack, root);
-    }
-    if (std::holds_alternative<NoArguments>(error.parserError)) {
-        return {MessageInfo::Validation{
-            errorMessage(error), "\n" + helpScreen(root.commandStack(), ArgumentVisibility::shown), {}}};
-    }
-    return {MessageInfo::Validation{errorMessage(error), usageBlock(stack), errorHelpLine(error)}};
-}
-
 } // namespace
 
-MessageInfo MessageInfo::of(const std::exception_ptr& error, const Tree& root) {
-    try {
-        std::rethrow_exception(error);
-    } catch (const CommandError& commandError) {
-        return messageOf(commandError, root);
-    } catch (const ParserError& parserError) {
-        return messageOf(CommandError{root.commandStack(), parserError, {}}, root);
-    } catch (...) {
-        return messageOfHookError(error, root.commandStack(), root);
+MessageInfo MessageInfo::of(const CommandError& error, const Tree& root) {
+    if (const auto* help = std::get_if<HelpRequested>(&error.parserError)) {
+        return helpScreen(*error.node, help->visibility);
     }
+    if (std::holds_alternative<VersionRequested>(error.parserError)) {
+        return {Help{std::string(versionOf(*error.node))}};
+    }
+    if (const auto* hookError = std::get_if<UserValidationError>(&error.parserError)) {
+        return messageOf(hookError->error, *error.node, root);
+    }
+    const std::unique_ptr<ParsableCommand> command = error.node->element().construct();
+    const ArgumentSet arguments = command->argumentSet();
+    const ErrorMessageGenerator generator(error, arguments);
+    if (std::holds_alternative<NoArguments>(error.parserError)) {
+        return {Validation{generator.message(), "\n" + helpScreen(root).fullText(), {}}};
+    }
+    return {Validation{generator.message(), usageBlock(*error.node, arguments), generator.helpLine()}};
+}
+
+MessageInfo MessageInfo::of(const std::exception_ptr& error, const Tree& root) {
+    return messageOf(error, root, root);
 }
 
 std::string MessageInfo::fullText() const {

@@ -28,6 +28,7 @@ struct MessageInfo {
 
     /// For whatever parsing, `validate` or `run` threw. `root` is the tree that was parsed against.
     static MessageInfo of(const std::exception_ptr& error, const Tree& root);
+    static MessageInfo of(const CommandError& error, const Tree& root);
 
     /// Without the line end that printing adds; empty for nothing to print.
     std::string fullText() const;

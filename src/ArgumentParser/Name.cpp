@@ -22,7 +22,7 @@ Name nameOf(const NameSpecification::Element& element, std::string_view key) {
     using Kind = NameSpecification::Element::Kind;
     switch (element.kind) {
     case Kind::longName:
-        return {Name::Kind::longName, kebabCase(key)};
+        return {Name::Kind::longName, std::string(key)};
     case Kind::shortName:
         if (key.empty()) {
             configurationFailure("An input without a key can't have a short name.");
@@ -38,11 +38,7 @@ Name nameOf(const NameSpecification::Element& element, std::string_view key) {
 }
 
 std::string prefixedKey(std::string_view prefix, std::string_view key) {
-    std::string identifier = std::string(prefix) + withFirstUppercased(key);
-    if (identifier.starts_with('_')) {
-        identifier.erase(0, 1);
-    }
-    return kebabCase(identifier);
+    return std::string(prefix) + (key.empty() ? "" : "-") + std::string(key);
 }
 
 /// `text` behind `prefix`, joined in the style that the text itself is written in.
@@ -64,26 +60,6 @@ std::string prefixedText(std::string_view prefix, std::string_view text) {
 
 std::string Name::synopsis() const {
     return (kind == Kind::longName ? "--" : "-") + text;
-}
-
-std::string kebabCase(std::string_view identifier) {
-    const auto characters = platform::splitCharacters(identifier);
-    std::string result;
-    bool separateOnUppercase = true;
-    for (std::size_t i = 0; i < characters.size(); ++i) {
-        if (isUppercase(characters[i])) {
-            if (separateOnUppercase && !result.empty()) {
-                result += '-';
-            }
-            // In a run of capitals, the last one belongs to the word that follows.
-            separateOnUppercase =
-                i + 2 < characters.size() && isUppercase(characters[i + 1]) && isLowercase(characters[i + 2]);
-        } else {
-            separateOnUppercase = characters[i] != "-";
-        }
-        result += platform::lowercased(characters[i]);
-    }
-    return result;
 }
 
 NameSpecification::NameSpecification(std::initializer_list<Element> elements) {

@@ -28,11 +28,7 @@ struct Name {
     }
 };
 
-/// Camel case to words in lower case between hyphens: "pageToken" becomes "page-token", "myURLProperty"
-/// "my-url-property".
-std::string kebabCase(std::string_view identifier);
-
-/// How an input's names come about: each element derives a name from the input's key or gives it literally.
+/// How an input's names come about: each element takes a name from the input's key or gives it literally.
 class NameSpecification {
 public:
     struct Element {
@@ -61,7 +57,7 @@ private:
     std::vector<Element> elements_;
 };
 
-/// The key in kebab case: "--page-token".
+/// The key as it stands: "--page-token".
 NameSpecification::Element longName();
 /// The key's first character: "-p".
 NameSpecification::Element shortName();

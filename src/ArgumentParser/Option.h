@@ -19,7 +19,8 @@ class Option final : public ValueReadingInput<T> {
 public:
     using Element = typename ValueReadingInput<T>::Element;
 
-    /// `key` is the declared identifier, from which the name derives. Required, unless `T` is optional.
+    /// `key` is the long name without its dashes, unless the settings give names of their own. Required, unless `T` is
+    /// optional.
     Option(ParsableArguments& owner, std::string_view key, const ArgumentHelp& help,
            OptionSettings<Element> settings = {})
         : ValueReadingInput<T>(owner, key, std::nullopt, help, valueSettings(settings)),
@@ -30,16 +31,17 @@ public:
         : ValueReadingInput<T>(owner, key, std::move(initial), help, valueSettings(settings)),
           names_(std::move(settings.names)) {}
 
-    void addDefinitions(ArgumentSet& arguments, const InputContext& context) const override {
-        ArgumentDefinition definition = this->definition(context);
-        definition.kind = ArgumentDefinition::Named{names_.names(this->key())};
+    void addDefinitions(ArgumentSet& arguments, const InputContext& context) override {
+        ArgumentDefinition definition = this->definition(context, ArgumentDefinition::Kind::option);
+        definition.names = names_.names(this->key());
         arguments.append(std::move(definition));
     }
 
 private:
     static ValueSettings<Element> valueSettings(const OptionSettings<Element>& settings) {
-        constexpr auto usual = ValueShape<T>::isList ? ParsingStrategy::scanningForValue : ParsingStrategy::nextValue;
-        return {settings.parsing.value_or(usual), settings.transform, settings.completion};
+        constexpr auto defaultStrategy =
+            ValueShape<T>::isList ? ParsingStrategy::scanningForValue : ParsingStrategy::nextValue;
+        return {settings.parsing.value_or(defaultStrategy), settings.transform, settings.completion};
     }
 
     NameSpecification names_;

@@ -22,16 +22,16 @@ public:
     const Group& operator*() const { return group_; }
     const Group* operator->() const { return &group_; }
 
-    void addDefinitions(ArgumentSet& arguments, const InputContext& context) const override {
-        group_.addDefinitions(arguments, inner(context));
+    void addDefinitions(ArgumentSet& arguments, const InputContext& context) override {
+        group_.addDefinitions(arguments, innerContext(context));
     }
-    void decode(ArgumentDecoder& decoder, const InputContext& context) override {
-        group_.decode(decoder, inner(context));
+    void decode(const DecodedCommands& ancestors, const InputContext& context) override {
+        group_.decode(ancestors, innerContext(context));
         group_.validate();
     }
 
 private:
-    InputContext inner(InputContext context) const {
+    InputContext innerContext(InputContext context) const {
         context.path.push_back(key_);
         if (!settings_.title.empty()) {
             context.parentTitle = settings_.title;

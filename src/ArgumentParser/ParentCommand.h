@@ -1,7 +1,7 @@
 // A subcommand's view of one of its ancestors on the command line.
 #pragma once
 
-#include "ArgumentParser/ArgumentDecoder.h"
+#include "ArgumentParser/DecodedCommands.h"
 #include "ArgumentParser/DecodedInput.h"
 
 namespace argumentparser {
@@ -20,9 +20,9 @@ public:
     }
     const Command* operator->() const { return &**this; }
 
-    void addDefinitions(ArgumentSet&, const InputContext&) const override {}
-    void decode(ArgumentDecoder& decoder, const InputContext&) override {
-        ancestor_ = &static_cast<const Command&>(decoder.ancestor(CommandType::of<Command>()));
+    void addDefinitions(ArgumentSet&, const InputContext&) override {}
+    void decode(const DecodedCommands& ancestors, const InputContext&) override {
+        ancestor_ = &static_cast<const Command&>(ancestors.ancestor(CommandType::of<Command>()));
     }
 
 private:

@@ -14,30 +14,30 @@ std::unique_ptr<ParsableCommand> CommandType::construct() const {
     return command;
 }
 
-std::string CommandType::commandName() const {
+std::string_view CommandType::commandName() const {
     const std::string_view name = configuration().commandName;
-    return name.empty() ? kebabCase(operations_->typeName) : std::string(name);
+    return name.empty() ? typeName() : name;
 }
 
 DeclaredInput::DeclaredInput(ParsableArguments& owner) {
     owner.inputs_.push_back(this);
 }
 
-ArgumentSet ParsableArguments::argumentSet() const {
+ArgumentSet ParsableArguments::argumentSet() {
     ArgumentSet arguments;
     addDefinitions(arguments, {});
     return arguments;
 }
 
-void ParsableArguments::addDefinitions(ArgumentSet& arguments, const InputContext& context) const {
-    for (const DeclaredInput* input : inputs_) {
+void ParsableArguments::addDefinitions(ArgumentSet& arguments, const InputContext& context) {
+    for (DeclaredInput* input : inputs_) {
         input->addDefinitions(arguments, context);
     }
 }
 
-void ParsableArguments::decode(ArgumentDecoder& decoder, const InputContext& context) {
+void ParsableArguments::decode(const DecodedCommands& ancestors, const InputContext& context) {
     for (DeclaredInput* input : inputs_) {
-        input->decode(decoder, context);
+        input->decode(ancestors, context);
     }
 }
 

@@ -15,12 +15,14 @@
 #include <string_view>
 #include <vector>
 
-#include "ArgumentParser/ArgumentDefinition.h"
+#include "ArgumentParser/ArgumentSet.h"
 #include "ArgumentParser/CommandType.h"
+#include "ArgumentParser/CompletionKind.h"
+#include "ArgumentParser/Occurrence.h"
 
 namespace argumentparser {
 
-class ArgumentDecoder;
+class DecodedCommands;
 class ParsableArguments;
 
 /// What the option groups around an input give it.
@@ -35,9 +37,17 @@ struct InputContext {
 /// What an owner knows of one of its inputs.
 class DeclaredInput {
 public:
-    virtual void addDefinitions(ArgumentSet& arguments, const InputContext& context) const = 0;
-    /// Takes the input's value from `decoder`. Throws ParserError when a required one is missing.
-    virtual void decode(ArgumentDecoder& decoder, const InputContext& context) = 0;
+    virtual void addDefinitions(ArgumentSet& arguments, const InputContext& context) = 0;
+    /// Takes one occurrence of one of the definitions that the input has added. Throws ParserError.
+    virtual void record(const ArgumentDefinition&, const Occurrence&) {}
+    /// Ends the input's decoding, when everything was recorded. Throws ParserError when a required value is missing.
+    virtual void decode(const DecodedCommands& ancestors, const InputContext& context) = 0;
+
+    /// The declared default for display; empty for none. To be asked before anything is recorded.
+    virtual std::string defaultValueText() const { return {}; }
+    /// The closed set of values; empty when open.
+    virtual std::vector<std::string_view> allValueStrings() const { return {}; }
+    virtual CompletionKind completion() const { return {}; }
 
     DeclaredInput(const DeclaredInput&) = delete;
     DeclaredInput& operator=(const DeclaredInput&) = delete;
@@ -60,9 +70,9 @@ public:
     /// process.
     virtual void validate() const {}
 
-    ArgumentSet argumentSet() const;
-    void addDefinitions(ArgumentSet& arguments, const InputContext& context) const;
-    void decode(ArgumentDecoder& decoder, const InputContext& context);
+    ArgumentSet argumentSet();
+    void addDefinitions(ArgumentSet& arguments, const InputContext& context);
+    void decode(const DecodedCommands& ancestors, const InputContext& context);
 
 private:
     friend class DeclaredInput;

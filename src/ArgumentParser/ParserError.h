@@ -1,27 +1,26 @@
 // Everything by which parsing a command line can end without a command to run.
 #pragma once
 
+#include <cstddef>
 #include <exception>
 #include <optional>
 #include <string>
-#include <utility>
 #include <variant>
 #include <vector>
 
 #include "ArgumentParser/ArgumentHelp.h"
-#include "ArgumentParser/CommandType.h"
-#include "ArgumentParser/InputOrigin.h"
+#include "ArgumentParser/InputKey.h"
 #include "ArgumentParser/Name.h"
-#include "ArgumentParser/ParsedValues.h"
 
 namespace argumentparser {
+
+class Tree;
 
 struct HelpRequested {
     ArgumentVisibility visibility = ArgumentVisibility::shown;
 };
 struct VersionRequested {};
 struct UnknownOption {
-    InputOrigin origin;
     Name name;
 };
 struct InvalidOption {
@@ -31,32 +30,34 @@ struct NonAlphanumericShortOption {
     std::string character;
 };
 struct MissingValueForOption {
-    InputOrigin origin;
     Name name;
 };
 /// The option that lacks its value was one character of a short group, which may also be a misspelt name.
 struct MissingValueOrUnknownCompositeOption {
-    InputOrigin origin;
     Name shortName;
     Name compositeName;
+    std::string group; ///< As it was written.
 };
 struct UnexpectedValueForOption {
-    InputOrigin origin;
     Name name;
     std::string value;
 };
 struct UnexpectedExtraValues {
-    std::vector<std::pair<InputOrigin, std::string>> values;
+    std::vector<std::string> values;
+};
+/// A flag on the command line: a whole text, or a character of a short group such as "-abc".
+struct FlagLocation {
+    std::string text;
+    std::optional<std::size_t> subIndex = {};
 };
 struct DuplicateExclusiveValues {
-    InputOrigin previous;
-    InputOrigin duplicate;
+    FlagLocation previous;
+    FlagLocation duplicate;
 };
 struct NoValue {
     InputKey key;
 };
 struct UnableToParseValue {
-    InputOrigin origin;
     std::optional<Name> name;
     std::string value;
     InputKey key;
@@ -68,7 +69,7 @@ struct UserValidationError {
 };
 /// Any failure while nothing was given at all.
 struct NoArguments {
-    std::exception_ptr error;
+    std::exception_ptr error; ///< A ParserError.
 };
 struct NotParentCommand {
     std::string commandName;
@@ -83,11 +84,10 @@ using ParserError =
                  UnexpectedExtraValues, DuplicateExclusiveValues, NoValue, UnableToParseValue, UserValidationError,
                  NoArguments, NotParentCommand, NotImplemented, InvalidState, MissingSubcommand>;
 
-/// A parser error with the commands that were selected when it arose, root first, and the whole command line.
+/// A parser error with the command that was selected when it arose.
 struct CommandError {
-    std::vector<CommandType> commandStack;
+    const Tree* node; ///< Of the parser's tree.
     ParserError parserError;
-    std::vector<std::string> originalInput;
 };
 
 } // namespace argumentparser

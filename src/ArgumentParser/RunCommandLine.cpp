@@ -1,6 +1,8 @@
 #include "ArgumentParser/RunCommandLine.h"
 
+#include <algorithm>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "ArgumentParser/CommandExit.h"
@@ -15,15 +17,15 @@ namespace argumentparser {
 namespace {
 
 /// Prints what belongs to an error that ended the run, and gives the status it ends with.
-int reportError(const std::exception_ptr& error, const Tree& root) {
-    const MessageInfo info = MessageInfo::of(error, root);
+int report(const MessageInfo& info) {
     const std::string text = info.fullText();
     if (text.empty()) {
         return info.exitCode();
     }
     if (!info.isForStandardOutput()) {
+        const std::string message = platform::isValidUtf8(text) ? text : platform::repairedUtf8(text);
         const bool isSeen = platform::isTerminal(platform::Stream::error);
-        platform::writeStandardError((isSeen ? platform::terminalText(text) : text) + "\n");
+        platform::writeStandardError((isSeen ? platform::terminalText(message) : message) + "\n");
         return info.exitCode();
     }
     try {
@@ -38,17 +40,15 @@ int reportError(const std::exception_ptr& error, const Tree& root) {
 } // namespace
 
 int runCommandLine(const CommandType& root, int argumentCount, const char* const* arguments) {
-    std::vector<std::string> texts;
-    for (int i = 1; i < argumentCount; ++i) {
-        const std::string_view argument = arguments[i];
-        texts.push_back(platform::isValidUtf8(argument) ? std::string(argument) : platform::repairedUtf8(argument));
-    }
     CommandParser parser(root);
     try {
+        const std::vector<std::string_view> texts(arguments + std::min(argumentCount, 1), arguments + argumentCount);
         parser.parse(texts).run();
         return ExitCode::success;
+    } catch (const CommandError& error) {
+        return report(MessageInfo::of(error, parser.commandTree()));
     } catch (...) {
-        return reportError(std::current_exception(), parser.commandTree());
+        return report(MessageInfo::of(std::current_exception(), parser.commandTree()));
     }
 }
 

@@ -6,8 +6,8 @@
 namespace argumentparser {
 
 /// Runs the command of the tree below `root` that the process's arguments select, and gives the process's exit status.
-/// Arguments that are not valid UTF-8 are repaired first. Whatever is thrown is printed here: help on standard output,
-/// failures on standard error.
+/// Arguments that are not valid UTF-8 keep their bytes only in files' names, and are repaired elsewhere. Whatever is
+/// thrown is printed here: help on standard output, failures on standard error.
 int runCommandLine(const CommandType& root, int argumentCount, const char* const* arguments);
 
 } // namespace argumentparser

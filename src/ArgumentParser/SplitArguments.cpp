@@ -9,9 +9,23 @@ namespace argumentparser {
 
 namespace {
 
+/// Whether the byte at `position` is a character of its own. A combining mark behind it makes it part of another one.
+bool isWholeCharacter(std::string_view text, std::size_t position) {
+    const bool isFollowedByAscii = position + 1 >= text.size() || static_cast<unsigned char>(text[position + 1]) < 0x80;
+    return isFollowedByAscii || platform::firstCharacters(text.substr(position), 1).size() == 1;
+}
+
+std::size_t leadingDashes(std::string_view text) {
+    const std::size_t dashes = std::min(text.find_first_not_of('-'), text.size());
+    return dashes > 0 && !isWholeCharacter(text, dashes - 1) ? dashes - 1 : dashes;
+}
+
 /// The name before the first "=" and the value behind it, if there is one.
 std::pair<std::string_view, std::optional<std::string_view>> splitAtEqualsSign(std::string_view text) {
-    const auto equals = text.find('=');
+    std::size_t equals = text.find('=');
+    while (equals != std::string_view::npos && !isWholeCharacter(text, equals)) {
+        equals = text.find('=', equals + 1);
+    }
     if (equals == std::string_view::npos) {
         return {text, std::nullopt};
     }
@@ -25,22 +39,25 @@ Name singleDashName(std::string_view text) {
 
 } // namespace
 
-SplitArguments::SplitArguments(std::span<const std::string> arguments) : originalInput_(arguments) {
+SplitArguments::SplitArguments(std::span<const std::string_view> arguments) : originalInput_(arguments) {
     elements_.reserve(arguments.size());
+    offsets_.reserve(arguments.size() + 1);
     bool isBehindTerminator = false;
     for (std::size_t position = 0; position < arguments.size(); ++position) {
+        offsets_.push_back(elements_.size());
         if (isBehindTerminator) {
-            elements_.push_back({std::string_view(arguments[position]), {position}});
+            elements_.push_back({arguments[position], {position}});
         } else {
             splitText(position);
             isBehindTerminator = elements_.back().isTerminator();
         }
     }
+    offsets_.push_back(elements_.size());
 }
 
 void SplitArguments::splitText(std::size_t position) {
     const std::string_view text = originalInput_[position];
-    const std::size_t dashes = std::min(text.find_first_not_of('-'), text.size());
+    const std::size_t dashes = leadingDashes(text);
     const std::string_view remainder = text.substr(dashes);
     if (dashes > 2) {
         throw ParserError(InvalidOption{std::string(text)});
@@ -82,29 +99,27 @@ void SplitArguments::splitSingleDashOption(std::size_t position, std::string_vie
     }
 }
 
-void SplitArguments::remove(const InputOrigin& origin) {
-    for (const ArgumentIndex index : origin.indices()) {
-        remove(index);
-    }
+const SplitArguments::Element* SplitArguments::firstUnused() const {
+    const auto found =
+        std::find_if(elements_.begin(), elements_.end(), [](const Element& element) { return !element.isUsed; });
+    return found == elements_.end() ? nullptr : &*found;
 }
 
-void SplitArguments::remove(ArgumentIndex index) {
-    if (index.isComplete()) {
-        removePosition(index.inputIndex);
+std::size_t SplitArguments::unusedCount() const {
+    return static_cast<std::size_t>(
+        std::count_if(elements_.begin(), elements_.end(), [](const Element& element) { return !element.isUsed; }));
+}
+
+void SplitArguments::markUsed(ArgumentIndex index) {
+    const std::size_t complete = offsets_[index.inputIndex];
+    elements_[complete].isUsed = true;
+    if (index.subIndex) {
+        elements_[complete + 1 + *index.subIndex].isUsed = true;
         return;
     }
-    const ArgumentIndex group{index.inputIndex};
-    removeIf([&](const Element& element) { return element.index == index || element.index == group; });
-}
-
-void SplitArguments::removePosition(std::size_t inputIndex) {
-    removeIf([&](const Element& element) { return element.index.inputIndex == inputIndex; });
-}
-
-template <class Predicate>
-void SplitArguments::removeIf(Predicate predicate) {
-    const auto unused = elements_.begin() + static_cast<std::ptrdiff_t>(firstUnused_);
-    elements_.erase(std::remove_if(unused, elements_.end(), predicate), elements_.end());
+    for (std::size_t offset = complete + 1; offset < offsetBehind(index.inputIndex); ++offset) {
+        elements_[offset].isUsed = true;
+    }
 }
 
 } // namespace argumentparser

@@ -1,14 +1,14 @@
-// The command line, split into options, values and the terminator, with what has been consumed taken out.
+// The command line, split into options, values and the terminator, with an account of what has been used.
 #pragma once
 
+#include <optional>
 #include <span>
-#include <string>
 #include <string_view>
 #include <variant>
 #include <vector>
 
-#include "ArgumentParser/InputOrigin.h"
 #include "ArgumentParser/Name.h"
+#include "ArgumentParser/Occurrence.h"
 
 namespace argumentparser {
 
@@ -18,8 +18,8 @@ struct ParsedArgument {
     std::optional<std::string_view> value = {};
 };
 
-/// The elements that are still unused, in order; for one input position the complete text comes before the characters
-/// of its short group. Texts are views of the original input, which must outlive this.
+/// The elements in order; for one input position the complete text comes before the characters of its short group.
+/// Texts are views of the original input, which must outlive this.
 class SplitArguments {
 public:
     struct Terminator {};
@@ -27,6 +27,7 @@ public:
     struct Element {
         std::variant<ParsedArgument, std::string_view, Terminator> value;
         ArgumentIndex index;
+        bool isUsed = false;
 
         const ParsedArgument* option() const { return std::get_if<ParsedArgument>(&value); }
         const std::string_view* text() const { return std::get_if<std::string_view>(&value); }
@@ -34,33 +35,30 @@ public:
     };
 
     /// Throws ParserError: InvalidOption or NonAlphanumericShortOption.
-    explicit SplitArguments(std::span<const std::string> arguments);
+    explicit SplitArguments(std::span<const std::string_view> arguments);
 
-    std::span<const std::string> originalInput() const { return originalInput_; }
-    const std::string& originalText(ArgumentIndex index) const { return originalInput_[index.inputIndex]; }
+    std::string_view originalText(ArgumentIndex index) const { return originalInput_[index.inputIndex]; }
 
-    bool isEmpty() const { return firstUnused_ == elements_.size(); }
-    std::span<const Element> elements() const { return std::span(elements_).subspan(firstUnused_); }
-    const Element& front() const { return elements_[firstUnused_]; }
-    /// Takes the first element out. Only when there is one.
-    Element popFront() { return std::move(elements_[firstUnused_++]); }
+    /// Used and unused ones.
+    const std::vector<Element>& elements() const { return elements_; }
+    /// The element of the complete text.
+    const Element& complete(ArgumentIndex index) const { return elements_[offsets_[index.inputIndex]]; }
+    /// The offset among the elements of the first one behind an input position.
+    std::size_t offsetBehind(std::size_t inputIndex) const { return offsets_[inputIndex + 1]; }
+    /// Nothing when all are used.
+    const Element* firstUnused() const;
+    std::size_t unusedCount() const;
 
-    /// Takes out the elements of `origin`: a character of a short group takes the complete group with it, and a
-    /// complete text its characters.
-    void remove(const InputOrigin& origin);
-    void remove(ArgumentIndex index);
-    /// Takes out everything at one input position.
-    void removePosition(std::size_t inputIndex);
+    /// A used character of a short group uses up the complete group, and a used complete text its characters.
+    void markUsed(ArgumentIndex index);
 
 private:
-    template <class Predicate>
-    void removeIf(Predicate predicate);
     void splitText(std::size_t position);
     void splitSingleDashOption(std::size_t position, std::string_view remainder);
 
-    std::span<const std::string> originalInput_;
+    std::span<const std::string_view> originalInput_;
     std::vector<Element> elements_;
-    std::size_t firstUnused_ = 0;
+    std::vector<std::size_t> offsets_; ///< Of each input position's first element, and the number of all.
 };
 
 } // namespace argumentparser

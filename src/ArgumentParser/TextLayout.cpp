@@ -57,14 +57,14 @@ std::string hangingIndented(std::string_view text, int indent) {
 }
 
 int screenWidth() {
-    constexpr int usualWidth = 80;
+    constexpr int defaultWidth = 80;
     if (const char* columns = std::getenv("COLUMNS")) {
         if (const auto width = platform::parseNumber<int>(columns); width && *width > 0) {
             return *width;
         }
     }
     const int width = platform::terminalWidth();
-    return width > 0 ? width : usualWidth;
+    return width > 0 ? width : defaultWidth;
 }
 
 } // namespace argumentparser

@@ -6,11 +6,11 @@
 
 namespace argumentparser {
 
-/// `text` broken at blanks into lines of at most `columns`, each non-empty one behind `indent` blanks. A word that is
-/// too long makes a long line. Empty when nothing fits beside the indent.
+/// `text` broken at spaces into lines of at most `columns`, each non-empty one indented by `indent` spaces. A word that
+/// is too long makes a long line. Empty when nothing fits beside the indent.
 std::string wrapped(std::string_view text, int columns, int indent);
 
-/// `text` with every line but the first behind `indent` blanks.
+/// `text` with every line but the first indented by `indent` spaces.
 std::string hangingIndented(std::string_view text, int indent);
 
 /// The screen's width: the environment variable COLUMNS, else the terminal's width, else 80.

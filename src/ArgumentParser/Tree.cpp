@@ -1,68 +1,81 @@
 #include "ArgumentParser/Tree.h"
 
 #include <algorithm>
+#include <string>
 
 #include "ArgumentParser/ConfigurationFailure.h"
 #include "ArgumentParser/HelpCommand.h"
 
 namespace argumentparser {
 
-Tree::Tree(const CommandType& root) : Tree(root, nullptr) {
-    if (!children_.empty()) {
-        children_.push_back(std::unique_ptr<Tree>(new Tree(CommandType::of<HelpCommand>(), this)));
-    }
+namespace {
+
+[[noreturn]] void declarationFailure(std::string_view commandName, const char* fault) {
+    configurationFailure("The command \"" + std::string(commandName) + "\" can't have " + fault);
 }
+
+} // namespace
 
 Tree::Tree(const CommandType& element, const Tree* parent)
     : element_(element), configuration_(element.configuration()),
-      commandName_(configuration_.commandName.empty() ? element.commandName() : configuration_.commandName),
+      commandName_(configuration_.commandName.empty() ? element.typeName() : configuration_.commandName),
       parent_(parent) {
     const auto& aliases = configuration_.aliases;
     if (std::find(aliases.begin(), aliases.end(), commandName_) != aliases.end()) {
-        configurationFailure("The command \"" + commandName_ +
-                             "\" can't have an alias with the same name as the command itself.");
+        declarationFailure(commandName_, "an alias with the same name as the command itself.");
     }
-    for (const CommandType& subcommand : configuration_.subcommands()) {
-        if (subcommand == element_) {
-            configurationFailure("The command \"" + commandName_ + "\" can't have itself as its own subcommand.");
+}
+
+void Tree::listSubcommands() const {
+    subcommands_ = configuration_.subcommands();
+    if (std::find(subcommands_->begin(), subcommands_->end(), element_) != subcommands_->end()) {
+        declarationFailure(commandName_, "itself as its own subcommand.");
+    }
+    if (parent_ == nullptr && !subcommands_->empty()) {
+        subcommands_->push_back(CommandType::of<HelpCommand>());
+    }
+}
+
+template <class Search>
+const Tree* Tree::findAmongChildren(Search search) const {
+    if (!subcommands_) {
+        listSubcommands();
+    }
+    for (std::size_t i = 0; i < subcommands_->size(); ++i) {
+        if (i == children_.size()) {
+            children_.push_back(std::unique_ptr<Tree>(new Tree((*subcommands_)[i], this)));
         }
-        children_.push_back(std::unique_ptr<Tree>(new Tree(subcommand, this)));
-    }
-}
-
-const Tree* Tree::child(std::string_view word) const {
-    const auto found = std::find_if(children_.begin(), children_.end(), [&](const auto& child) {
-        const auto& aliases = child->configuration_.aliases;
-        return child->commandName_ == word || std::find(aliases.begin(), aliases.end(), word) != aliases.end();
-    });
-    return found == children_.end() ? nullptr : found->get();
-}
-
-const Tree* Tree::child(const CommandType& type) const {
-    const auto found =
-        std::find_if(children_.begin(), children_.end(), [&](const auto& child) { return child->element_ == type; });
-    return found == children_.end() ? nullptr : found->get();
-}
-
-std::vector<CommandType> Tree::commandStack() const {
-    std::vector<CommandType> stack;
-    for (const Tree* node = this; node != nullptr; node = node->parent_) {
-        stack.push_back(node->element_);
-    }
-    std::reverse(stack.begin(), stack.end());
-    return stack;
-}
-
-const Tree* Tree::find(const CommandType& type) const {
-    if (element_ == type) {
-        return this;
-    }
-    for (const auto& child : children_) {
-        if (const Tree* found = child->find(type)) {
+        if (const Tree* found = search(*children_[i])) {
             return found;
         }
     }
     return nullptr;
+}
+
+const Tree* Tree::child(std::string_view word) const {
+    return findAmongChildren([&](const Tree& child) {
+        const auto& aliases = child.configuration_.aliases;
+        const bool isSelected =
+            child.commandName_ == word || std::find(aliases.begin(), aliases.end(), word) != aliases.end();
+        return isSelected ? &child : nullptr;
+    });
+}
+
+const Tree* Tree::child(const CommandType& type) const {
+    return findAmongChildren([&](const Tree& child) { return child.element_ == type ? &child : nullptr; });
+}
+
+const Tree* Tree::find(const CommandType& type) const {
+    return element_ == type ? this : findAmongChildren([&](const Tree& child) { return child.find(type); });
+}
+
+std::vector<const Tree*> Tree::path() const {
+    std::vector<const Tree*> nodes;
+    for (const Tree* node = this; node != nullptr; node = node->parent_) {
+        nodes.push_back(node);
+    }
+    std::reverse(nodes.begin(), nodes.end());
+    return nodes;
 }
 
 } // namespace argumentparser

@@ -1,8 +1,8 @@
-// The command tree, built from the root's configuration.
+// The command tree, read from the configurations of its commands as far as it is asked for.
 #pragma once
 
 #include <memory>
-#include <string>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -10,36 +10,43 @@
 
 namespace argumentparser {
 
-/// A node: a command, its configuration, and its children in order of display. A root with children has the built-in
-/// `help` as a last child.
+/// A node: a command and its configuration. Its children are, in order of display, its subcommands and, of a root that
+/// has any, the built-in `help`. Each is read when a search comes to it, so that a search is the place where a faulty
+/// declaration is found: a command that is its own subcommand or has its own name as an alias ends the process.
 class Tree {
 public:
-    /// Ends the process when a command is declared as its own subcommand or has its own name as an alias.
-    explicit Tree(const CommandType& root);
+    explicit Tree(const CommandType& root) : Tree(root, nullptr) {}
     Tree(const Tree&) = delete;
     Tree& operator=(const Tree&) = delete;
 
     const CommandType& element() const { return element_; }
     const CommandConfiguration& configuration() const { return configuration_; }
-    const std::string& commandName() const { return commandName_; }
-    const std::vector<std::unique_ptr<Tree>>& children() const { return children_; }
+    std::string_view commandName() const { return commandName_; }
+    /// Nothing for the root.
+    const Tree* parent() const { return parent_; }
 
     /// The child that `word` selects, by name before aliases; nothing when there is none.
     const Tree* child(std::string_view word) const;
     const Tree* child(const CommandType& type) const;
-    /// The commands from the root to this one.
-    std::vector<CommandType> commandStack() const;
     /// The node of `type` here or below; nothing when there is none.
     const Tree* find(const CommandType& type) const;
+    /// The nodes from the root to this one.
+    std::vector<const Tree*> path() const;
 
 private:
     Tree(const CommandType& element, const Tree* parent);
 
+    /// The first child for which `search` finds something: that, or nothing.
+    template <class Search>
+    const Tree* findAmongChildren(Search search) const;
+    void listSubcommands() const;
+
     CommandType element_;
     CommandConfiguration configuration_;
-    std::string commandName_;
+    std::string_view commandName_;
     const Tree* parent_;
-    std::vector<std::unique_ptr<Tree>> children_;
+    mutable std::optional<std::vector<CommandType>> subcommands_; ///< All of them, once a child was asked for.
+    mutable std::vector<std::unique_ptr<Tree>> children_;         ///< Those read so far.
 };
 
 } // namespace argumentparser

@@ -7,7 +7,7 @@ namespace argumentparser {
 
 namespace {
 
-constexpr std::size_t longestList = 12;
+constexpr std::size_t maximumListLength = 12;
 constexpr int usageIndent = 7; // "Usage: "
 
 std::string joinedSynopses(const std::vector<const ArgumentDefinition*>& definitions) {
@@ -19,58 +19,69 @@ std::string joinedSynopses(const std::vector<const ArgumentDefinition*>& definit
     return text;
 }
 
-std::string synopsis(const std::vector<CommandType>& stack, const ArgumentSet& arguments) {
+/// The names of the commands from the root to `node`, behind the root's super command, if it has one.
+std::vector<std::string> toolNames(const Tree& node) {
+    const std::vector<const Tree*> path = node.path();
+    std::vector<std::string> names;
+    if (const std::string_view superCommand = path.front()->configuration()._superCommandName; !superCommand.empty()) {
+        names.emplace_back(superCommand);
+    }
+    for (const Tree* command : path) {
+        names.emplace_back(command->commandName());
+    }
+    return names;
+}
+
+std::string synopsis(const Tree& node, const ArgumentSet& arguments) {
     std::vector<const ArgumentDefinition*> visible;
-    std::vector<const ArgumentDefinition*> essential;
+    std::vector<const ArgumentDefinition*> required;
     for (const ArgumentDefinition& definition : arguments.content()) {
         if (!definition.isVisible() || definition.synopsis().empty()) {
             continue;
         }
         visible.push_back(&definition);
-        if (definition.isPositional() || !definition.help.isOptional) {
-            essential.push_back(&definition);
+        if (definition.isPositional() || !definition.isOptional) {
+            required.push_back(&definition);
         }
     }
-    const std::string name = toolName(stack);
-    if (visible.size() <= longestList) {
+    const std::string name = platform::joined(toolNames(node), " ");
+    if (visible.size() <= maximumListLength) {
         return name + joinedSynopses(visible);
     }
-    if (essential.empty() || essential.size() > longestList) {
+    if (required.empty() || required.size() > maximumListLength) {
         return name + " <options>";
     }
-    return name + " [<options>]" + joinedSynopses(essential);
+    return name + " [<options>]" + joinedSynopses(required);
 }
 
 } // namespace
 
-std::string commandNames(const std::vector<CommandType>& stack) {
-    std::vector<std::string> names;
-    for (const CommandType& command : stack) {
-        names.push_back(command.commandName());
+std::string commandNames(const Tree& node) {
+    std::string names;
+    for (const Tree* command : node.path()) {
+        names.append(names.empty() ? "" : " ").append(command->commandName());
     }
-    return platform::joined(names, " ");
+    return names;
 }
 
-std::string toolName(const std::vector<CommandType>& stack) {
-    const std::string superCommand(stack.front().configuration()._superCommandName);
-    return superCommand.empty() ? commandNames(stack) : superCommand + " " + commandNames(stack);
-}
-
-std::string usageText(const std::vector<CommandType>& stack, const ArgumentSet& arguments) {
-    const CommandConfiguration configuration = stack.back().configuration();
+std::string usageText(const Tree& node, const ArgumentSet& arguments) {
+    const CommandConfiguration& configuration = node.configuration();
     if (configuration.usage) {
         return std::string(*configuration.usage);
     }
-    std::string usage = synopsis(stack, arguments);
-    if (!configuration.subcommands().empty()) {
-        usage += " <subcommand>";
-    }
-    return usage;
+    const bool hasSubcommands = !configuration.subcommands().empty();
+    return synopsis(node, arguments) + (hasSubcommands ? " <subcommand>" : "");
 }
 
-std::string usageMessage(const std::vector<CommandType>& stack, const ArgumentSet& arguments) {
-    const std::string usage = usageText(stack, arguments);
+std::string usageMessage(const Tree& node, const ArgumentSet& arguments) {
+    const std::string usage = usageText(node, arguments);
     return usage.empty() ? usage : "Usage: " + hangingIndented(usage, usageIndent);
+}
+
+std::string subcommandHelpCall(const Tree& node) {
+    std::vector<std::string> names = toolNames(node);
+    names.insert(names.begin() + 1, "help");
+    return platform::joined(names, " ") + " <subcommand>";
 }
 
 } // namespace argumentparser

@@ -2,22 +2,23 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
-#include "ArgumentParser/ParsableCommand.h"
+#include "ArgumentParser/ArgumentSet.h"
+#include "ArgumentParser/Tree.h"
 
 namespace argumentparser {
 
-/// The names of `stack`, root first, joined by blanks.
-std::string commandNames(const std::vector<CommandType>& stack);
+/// The names of the commands from the root to `node`, joined by spaces.
+std::string commandNames(const Tree& node);
 
-/// The same behind the root's super command, if it has one.
-std::string toolName(const std::vector<CommandType>& stack);
-
-/// How the last command of `stack` is called: its own usage text, else its synopsis. Empty for no usage.
-std::string usageText(const std::vector<CommandType>& stack, const ArgumentSet& arguments);
+/// How the command at `node`, with the inputs `arguments`, is called: its own usage text, else its synopsis. Empty for
+/// no usage.
+std::string usageText(const Tree& node, const ArgumentSet& arguments);
 
 /// "Usage: " and the usage text, further lines indented below it; empty for no usage.
-std::string usageMessage(const std::vector<CommandType>& stack, const ArgumentSet& arguments);
+std::string usageMessage(const Tree& node, const ArgumentSet& arguments);
+
+/// The call of the `help` command for a subcommand of the one at `node`.
+std::string subcommandHelpCall(const Tree& node);
 
 } // namespace argumentparser

@@ -1,15 +1,33 @@
 // What options and positional arguments share: reading a text of the command line as a value.
 #pragma once
 
+#include <new>
+#include <type_traits>
+
 #include "ArgumentParser/ArgumentHelp.h"
 #include "ArgumentParser/DecodedInput.h"
 #include "ArgumentParser/ExpressibleByArgument.h"
+#include "ArgumentParser/FilePath.h"
 
 namespace argumentparser {
 
-/// Reads a value from its text in a declaration's own way. What it throws reaches the user.
+/// Reads a value from its text in a declaration's own way. What it throws reaches the user. A type that is not
+/// ExpressibleByArgument has no other way to be read, so that its declaration must give one.
 template <class Element>
-using Transform = std::function<Element(std::string_view)>;
+class Transform {
+public:
+    using Function = Element (*)(std::string_view);
+
+    Transform() requires(ExpressibleByArgument<Element>) {}
+    template <std::convertible_to<Function> Callable>
+    Transform(Callable function) : function_(function) {}
+
+    explicit operator bool() const { return function_ != nullptr; }
+    Element operator()(std::string_view text) const { return function_(text); }
+
+private:
+    Function function_ = nullptr;
+};
 
 /// The parts of a declaration that most inputs leave as they are.
 template <class Element>
@@ -25,57 +43,19 @@ public:
     using Shape = ValueShape<T>;
     using Element = typename Shape::Element;
 
-protected:
-    ValueReadingInput(ParsableArguments& owner, std::string_view key, std::optional<T> initial,
-                      const ArgumentHelp& help, ValueSettings<Element> settings)
-        : DecodedInput<T>(owner, key, std::move(initial), help), settings_(std::move(settings)) {}
-    ~ValueReadingInput() = default;
-
-    ArgumentDefinition definition(const InputContext& context) const {
-        const InputKey key = context.key(this->key());
-        ArgumentDefinition definition = this->declaredDefinition(context, key, Shape::isList, defaultValueText());
-        if constexpr (ExpressibleByArgument<Element>) {
-            definition.help.allValueStrings = ArgumentValue<Element>::allValueStrings();
-            definition.completion = ArgumentValue<Element>::defaultCompletionKind();
+    void record(const ArgumentDefinition& definition, const Occurrence& occurrence) override {
+        Element element = read(definition, occurrence);
+        if constexpr (Shape::isList) {
+            this->append(std::move(element));
+        } else {
+            this->setValue(std::move(element));
         }
-        if (settings_.completion) {
-            definition.completion = *settings_.completion;
-        }
-        definition.parsingStrategy = settings_.parsing.value_or(ParsingStrategy::nextValue);
-        definition.update = ArgumentDefinition::UnaryUpdate(
-            [this, key](const InputOrigin& origin, const Name* name, std::string_view text, ParsedValues& values) {
-                if constexpr (Shape::isList) {
-                    values.append<Element>(key, read(origin, name, text, key), origin);
-                } else {
-                    values.set(key, read(origin, name, text, key), origin);
-                }
-            });
-        return definition;
     }
 
-private:
-    Element read(const InputOrigin& origin, const Name* name, std::string_view text, const InputKey& key) const {
-        UnableToParseValue failure{origin, name ? std::optional(*name) : std::nullopt, std::string(text), key, nullptr};
-        if (settings_.transform) {
-            try {
-                return settings_.transform(text);
-            } catch (...) {
-                failure.originalError = std::current_exception();
-                throw ParserError(std::move(failure));
-            }
-        }
-        if constexpr (ExpressibleByArgument<Element>) {
-            if (std::optional<Element> value = ArgumentValue<Element>::read(text)) {
-                return *std::move(value);
-            }
-        }
-        throw ParserError(std::move(failure));
-    }
-
-    std::string defaultValueText() const {
+    std::string defaultValueText() const override {
         std::string text;
         if constexpr (ExpressibleByArgument<Element>) {
-            const std::optional<T>& initial = this->declaredDefault();
+            const std::optional<T>& initial = this->value();
             if (!initial) {
                 return text;
             }
@@ -94,6 +74,69 @@ private:
             }
         }
         return text;
+    }
+
+    std::vector<std::string_view> allValueStrings() const override {
+        if constexpr (ExpressibleByArgument<Element>) {
+            return ArgumentValue<Element>::allValueStrings();
+        } else {
+            return {};
+        }
+    }
+
+    CompletionKind completion() const override {
+        if (settings_.completion) {
+            return *settings_.completion;
+        }
+        if constexpr (ExpressibleByArgument<Element>) {
+            return ArgumentValue<Element>::defaultCompletionKind();
+        } else {
+            return {};
+        }
+    }
+
+protected:
+    ValueReadingInput(ParsableArguments& owner, std::string_view key, std::optional<T> initial,
+                      const ArgumentHelp& help, ValueSettings<Element> settings)
+        : DecodedInput<T>(owner, key, std::move(initial), help), settings_(std::move(settings)) {}
+    ~ValueReadingInput() = default;
+
+    ArgumentDefinition definition(const InputContext& context, ArgumentDefinition::Kind kind) {
+        ArgumentDefinition definition = this->declaredDefinition(context);
+        definition.kind = kind;
+        definition.parsingStrategy = settings_.parsing.value_or(ParsingStrategy::nextValue);
+        return definition;
+    }
+
+private:
+    /// Only a file's name is taken byte for byte.
+    Element read(const ArgumentDefinition& definition, const Occurrence& occurrence) const {
+        if constexpr (!std::same_as<Element, FilePath>) {
+            if (!platform::isValidUtf8(occurrence.value)) {
+                return readText(definition, occurrence, platform::repairedUtf8(occurrence.value));
+            }
+        }
+        return readText(definition, occurrence, occurrence.value);
+    }
+
+    Element readText(const ArgumentDefinition& definition, const Occurrence& occurrence, std::string_view text) const {
+        std::exception_ptr failure;
+        if (settings_.transform) {
+            try {
+                return settings_.transform(text);
+            } catch (const std::bad_alloc&) {
+                throw;
+            } catch (...) {
+                failure = std::current_exception();
+            }
+        } else if constexpr (ExpressibleByArgument<Element>) {
+            if (std::optional<Element> value = ArgumentValue<Element>::read(text)) {
+                return *std::move(value);
+            }
+        }
+        throw ParserError(
+            UnableToParseValue{occurrence.name != nullptr ? std::optional(*occurrence.name) : std::nullopt,
+                               std::string(text), definition.key, failure});
     }
 
     ValueSettings<Element> settings_;

@@ -5,8 +5,7 @@
 #include "ArgumentParser/UsageGenerator.h"
 #include "unit/ParserFixture.h"
 
-using namespace argumentparser;
-using parsertest::outcome;
+using namespace parsertest;
 
 namespace {
 
@@ -34,7 +33,7 @@ struct argumentparser::ClosedSet<Mode> {
 namespace {
 
 std::string helpOf(const CommandType& command, int columns, ArgumentVisibility visibility = ArgumentVisibility::shown) {
-    return HelpGenerator({command}, visibility).rendered(columns);
+    return HelpGenerator(Tree(command), visibility).rendered(columns);
 }
 
 struct Paging final : ParsableArguments {
@@ -56,7 +55,7 @@ struct Rich final : ParsableCommand {
     static CommandConfiguration configuration() {
         return {
             .commandName = "rich",
-            ._superCommandName = "super",
+            ._superCommandName = "super tool",
             .abstract = "Does a great many things, one after the other, and then some more of them.",
             .discussion = "First paragraph.\n\nSecond one.",
             .version = "1.0",
@@ -65,7 +64,7 @@ struct Rich final : ParsableCommand {
             .defaultSubcommand = CommandType::of<Child>()};
     }
 
-    Argument<std::string> source{*this, "sourceFile", "What to read from."};
+    Argument<std::string> source{*this, "source-file", "What to read from."};
     Option<Depth> depth{*this, "depth", Depth::shallow, "How deep."};
     Option<std::optional<Depth>> look{
         *this, "look", ArgumentHelp("", {.discussion = {"Preamble."}, .argumentType = valueTable<Depth>()})};
@@ -78,15 +77,15 @@ struct Rich final : ParsableCommand {
                                                             "lot more, three times for all."}}),
                       {.names = {longName(), shortName()}}};
     Flag<bool> on{*this, "on", true, ""};
-    Option<std::vector<std::string>> tags{*this, "tags", {"", "b"}, "Labels."};
-    Option<std::vector<std::string>> none{*this, "none", {}, ""};
+    Option<Texts> tags{*this, "tags", {"", "b"}, "Labels."};
+    Option<Texts> none{*this, "none", {}, ""};
     Option<std::string> exact{*this, "exact", "", {.names = {customLong("exact567890")}}};
     Option<std::optional<int>> hidden{*this, "hidden",
                                       ArgumentHelp("Now seen.", {.visibility = ArgumentVisibility::hidden})};
     Option<std::optional<int>> own{*this, "own",
                                    ArgumentHelp("Never seen.", {.visibility = ArgumentVisibility::privateInput})};
     OptionGroup<Paging> silent{*this, "silent", {.title = "Silent", .visibility = ArgumentVisibility::privateInput}};
-    Argument<std::vector<std::string>> more{*this, "more", {}, "More."};
+    Argument<Texts> more{*this, "more", {}, "More."};
 };
 
 TEST(Help, AWholeScreen) {
@@ -97,7 +96,7 @@ First paragraph.
 
 Second one.
 
-USAGE: super rich [<options>] <source-file> --exact567890 <exact567890> [<more> ...] <subcommand>
+USAGE: super tool rich [<options>] <source-file> --exact567890 <exact567890> [<more> ...] <subcommand>
 
 ARGUMENTS:
   <source-file>           What to read from.
@@ -117,7 +116,7 @@ OPTIONS:
         veryVeryVeryVeryDeep
                           - Looks at all.
   -c, --color/--no-color  Colours. (default: true)
-  --shallow/--very-very-very-very-deep
+  --shallow/--veryVeryVeryVeryDeep
                           Looks at what is on top, and at
                           that only as far as it has to.
   -v, --verbose           More.
@@ -136,7 +135,7 @@ SUBCOMMANDS:
 EXTRA SUBCOMMANDS:
   child, c, kid (default) A child.
 
-  See 'super help rich <subcommand>' for detailed help.)");
+  See 'super tool help rich <subcommand>' for detailed help.)");
 }
 
 TEST(Help, HiddenInputsAreShownOnRequest) {
@@ -154,16 +153,16 @@ TEST(Help, HiddenInputsAreShownOnRequest) {
 TEST(Help, IsNamedByErrorsWithoutTheSuperCommand) {
     const std::string error = outcome<Rich>("--what");
     EXPECT_TRUE(
-        error.ends_with("\nUsage: super rich [<options>] <source-file> --exact567890 <exact567890> [<more> ...] "
+        error.ends_with("\nUsage: super tool rich [<options>] <source-file> --exact567890 <exact567890> [<more> ...] "
                         "<subcommand>\n  See 'rich --help' for more information."))
         << error;
 }
 
 TEST(Help, OfALeafBelowAVersion) {
-    EXPECT_EQ(
-        HelpGenerator({CommandType::of<Rich>(), CommandType::of<Child>()}, ArgumentVisibility::shown).rendered(80),
-        "OVERVIEW: A child.\n\nUSAGE: super rich child <word>\n\nARGUMENTS:\n  <word>\n\n"
-        "OPTIONS:\n  --version               Show the version.\n");
+    const Tree root(CommandType::of<Rich>());
+    EXPECT_EQ(HelpGenerator(*root.child("child"), ArgumentVisibility::shown).rendered(80),
+              "OVERVIEW: A child.\n\nUSAGE: super tool rich child <word>\n\nARGUMENTS:\n  <word>\n\n"
+              "OPTIONS:\n  --version               Show the version.\n");
 }
 
 struct Bare final : ParsableCommand {
@@ -175,7 +174,7 @@ struct Labels final : ParsableCommand {
             .commandName = "labels", .usage = "this\nthat", .discussion = "Only.", .helpNames = NameSpecification()};
     }
     Flag<bool> fits{*this, "fits", "Beside.", {.names = {customLong("a23456789012345678901")}}};
-    Flag<bool> tooLong{*this, "tooLong", "Below it.", {.names = {customLong("a234567890123456789012")}}};
+    Flag<bool> tooLong{*this, "too-long", "Below it.", {.names = {customLong("a234567890123456789012")}}};
     Flag<std::optional<bool>> blank{*this, "v", FlagInversion::prefixedNo, "\n\n", {.names = {shortName()}}};
     Flag<Mode> mode{*this, "mode", Mode::loud, ""};
 };
@@ -197,7 +196,7 @@ TEST(Help, LabelsAndEmptyParts) {
 constexpr std::string_view keys[] = {"a", "b", "c", "d", "e", "f", "g", "h", "i", "j", "k", "l", "m"};
 
 template <std::size_t flags, std::size_t options, bool positional>
-struct Many final : parsertest::Tool {
+struct Many final : Tool {
     std::list<Option<int>> required;
     std::list<Flag<bool>> optional;
     std::optional<Argument<std::optional<int>>> value;
@@ -218,17 +217,17 @@ struct Many final : parsertest::Tool {
 
 template <class Command>
 std::string usageOf() {
-    return usageText({CommandType::of<Command>()}, Command().argumentSet());
+    return usageText(Tree(CommandType::of<Command>()), Command().argumentSet());
 }
 
 struct Forms final : ParsableCommand {
     static CommandConfiguration configuration() {
-        return {.commandName = "forms", .ungroupedSubcommands = {CommandType::of<Child>()}};
+        return {.commandName = "many forms", .ungroupedSubcommands = {CommandType::of<Child>()}};
     }
     Option<std::vector<int>> list{*this, "list", "", {.names = {shortName(), customLong("long", true)}}};
     Flag<int> count{*this, "count", ""};
     Flag<bool> on{*this, "on", FlagInversion::prefixedEnableDisable, "", {.names = {longName(), shortName()}}};
-    Argument<std::vector<std::string>> pass{
+    Argument<Texts> pass{
         *this, "pass", {}, ArgumentHelp("", {.valueName = "what"}), {.parsing = ParsingStrategy::allRemainingInput}};
 };
 
@@ -241,7 +240,9 @@ TEST(Help, Usage) {
     EXPECT_EQ((usageOf<Many<12, 2, false>>()), "tool [<options>] --a <a> --b <b>");
     EXPECT_EQ((usageOf<Many<0, 13, false>>()), "tool <options>");
     EXPECT_EQ(usageOf<Forms>(),
-              "forms -long <long> ... [--count ...] --enable-on --disable-on [-- <what> ...] <subcommand>");
+              "many forms -long <long> ... [--count ...] --enable-on --disable-on [-- <what> ...] <subcommand>");
+    EXPECT_TRUE(
+        helpOf(CommandType::of<Forms>(), 80).ends_with("  See 'many forms help <subcommand>' for detailed help."));
 }
 
 TEST(Help, Wrapping) {

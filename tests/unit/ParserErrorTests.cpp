@@ -1,10 +1,10 @@
+#include <map>
+#include <new>
 #include <stdexcept>
 
 #include "unit/ParserFixture.h"
 
-using namespace argumentparser;
-using parsertest::expectRows;
-using parsertest::outcome;
+using namespace parsertest;
 
 namespace {
 
@@ -24,6 +24,9 @@ int evenNumber(std::string_view text) {
     if (!number) {
         throw std::runtime_error("not a number at all");
     }
+    if (*number == 0) {
+        throw std::bad_alloc();
+    }
     if (*number % 2 != 0) {
         throw ValidationError{"odd"};
     }
@@ -32,12 +35,12 @@ int evenNumber(std::string_view text) {
 
 constexpr ArgumentHelp::Details hiddenInput{.visibility = ArgumentVisibility::hidden};
 
-struct Failing final : parsertest::Tool {
+struct Failing final : Tool {
     Option<std::optional<Letter<3>>> kind{*this, "kind", "What kind."};
     Option<std::optional<Letter<6>>> letter{*this, "letter", ArgumentHelp("", {.valueName = "x"})};
     Option<std::optional<Letter<1>>> only{*this, "only", "", {.names = {shortName(), longName(), customLong("sole")}}};
     Option<std::optional<int>> even{*this, "even", "", {.transform = evenNumber}};
-    Option<std::optional<int>> secretNumber{*this, "secretNumber", ArgumentHelp("Hush.", hiddenInput)};
+    Option<std::optional<int>> secretNumber{*this, "secret-number", ArgumentHelp("Hush.", hiddenInput)};
     Argument<std::optional<int>> count{*this, "count", "How many."};
     Argument<std::optional<int>> secret{*this, "secret", ArgumentHelp("Hush.", hiddenInput)};
 
@@ -47,35 +50,39 @@ struct Failing final : parsertest::Tool {
 TEST(ParserErrors, Messages) {
     const std::string kindHelp = "Help:  --kind <kind>  What kind.\nError: ";
     expectRows<Failing>({
-        {"", "ran"},
-        {"--kin", "Unknown option '--kin'. Did you mean '--kind'?"},
-        {"--hlp", "Unknown option '--hlp'. Did you mean '--help'?"},
-        {"--onen", "Unknown option '--onen'. Did you mean '--only'?"}, // as far from --even, which comes later
-        {"-kind", "Unknown option '-kind'. Did you mean '--kind'?"},
-        {"--secretNumbr", "Unknown option '--secretNumbr'"},
-        {"--version", "Unknown option '--version'"},
-        {"-x", "Unknown option '-x'"},
-        {"1 2 3 --what 4", "Unknown option '--what'"},
-        {"---", "Invalid option: ---"},
-        {"-=x", "Invalid option: -=x"},
-        {"-k.x", "Invalid option: -."},
-        {"--kind", kindHelp + "Missing value for '--kind <kind>'"},
-        {"--letter", "Missing value for '--letter <x>'"},
-        {"-o", "Missing value for '-o <only>'"},
-        {"-xo=", "The value '' is invalid for '-o <only>'. Please provide one of 'a'."},
-        {"-ox=1", "Unknown option '-ox'. Did you mean '-o'?\n   or: Missing value for '-o <only>' in '-ox=1'"},
-        {"--secret-number", "Missing value for '--secret-number'"},
-        {"--kind x", kindHelp + "The value 'x' is invalid for '--kind <kind>'. Please provide one of 'a', 'b' or 'c'."},
-        {"--letter x", "The value 'x' is invalid for '--letter <x>'. Please provide one of the following:\n"
-                       "  - 'a'\n  - 'b'\n  - 'c'\n  - 'd'\n  - 'e'\n  - 'f'"},
-        {"--sole x", "The value 'x' is invalid for '--sole <only>'. Please provide one of 'a'."},
-        {"--even 3", "The value '3' is invalid for '--even <even>': odd"},
-        {"--even x", "The value 'x' is invalid for '--even <even>': not a number at all"},
-        {"--secret-number x", "The value 'x' is invalid for '--secret-number'"},
-        {"x", "Help:  <count>  How many.\nError: The value 'x' is invalid for '<count>'"},
-        {"1 x", "The value 'x' is invalid."},
-        {"1 2 3", "Unexpected argument '3'"},
-        {"1 2 3 -- -4 ''", "3 unexpected arguments: '3', '-4', ''"},
+        Row{"", "ran"},
+        Row{"--kin", "Unknown option '--kin'. Did you mean '--kind'?"},
+        Row{"--hlp", "Unknown option '--hlp'. Did you mean '--help'?"},
+        Row{"--onen", "Unknown option '--onen'. Did you mean '--only'?"}, // as far from --even, which comes later
+        Row{"--letterabc", "Unknown option '--letterabc'. Did you mean '--letter'?"},
+        Row{"--letterabcd", "Unknown option '--letterabcd'"},
+        Row{"-kind", "Unknown option '-kind'. Did you mean '--kind'?"},
+        Row{"--secret-numbr", "Unknown option '--secret-numbr'"},
+        Row{"--version", "Unknown option '--version'"},
+        Row{"-x", "Unknown option '-x'"},
+        Row{"1 2 3 --what 4", "Unknown option '--what'"},
+        Row{"---kind", "Invalid option: ---kind"},
+        Row{"-=x", "Invalid option: -=x"},
+        Row{"-k-x", "Invalid option: --"},
+        Row{"--kind", kindHelp + "Missing value for '--kind <kind>'"},
+        Row{"--letter", "Missing value for '--letter <x>'"},
+        Row{"-o", "Missing value for '-o <only>'"},
+        Row{"-xo=", "The value '' is invalid for '-o <only>'. Please provide one of 'a'."},
+        Row{"-ox=1", "Unknown option '-ox'. Did you mean '-o'?\n   or: Missing value for '-o <only>' in '-ox=1'"},
+        Row{"--secret-number", "Missing value for '--secret-number'"},
+        Row{"--kind x",
+            kindHelp + "The value 'x' is invalid for '--kind <kind>'. Please provide one of 'a', 'b' or 'c'."},
+        Row{"--letter x", "The value 'x' is invalid for '--letter <x>'. Please provide one of the following:\n"
+                          "  - 'a'\n  - 'b'\n  - 'c'\n  - 'd'\n  - 'e'\n  - 'f'"},
+        Row{"--sole x", "The value 'x' is invalid for '--sole <only>'. Please provide one of 'a'."},
+        Row{"--even 3", "The value '3' is invalid for '--even <even>': odd"},
+        Row{"--even 0", "1|Error: Out of memory."},
+        Row{"--even x", "The value 'x' is invalid for '--even <even>': not a number at all"},
+        Row{"--secret-number x", "The value 'x' is invalid for '--secret-number'"},
+        Row{"x", "Help:  <count>  How many.\nError: The value 'x' is invalid for '<count>'"},
+        Row{"1 x", "The value 'x' is invalid."},
+        Row{"1 2 3", "Unexpected argument '3'"},
+        Row{"1 2 3 -- -4 ''", "3 unexpected arguments: '3', '-4', ''"},
     });
     EXPECT_EQ(outcome<Failing>("-x"),
               "64|Error: Unknown option '-x'\n"
@@ -99,25 +106,20 @@ struct Thrower final : ParsableCommand {
 
 private:
     void fail() const {
-        if (*what == "validation") {
-            throw ValidationError{"refused"};
-        }
-        if (*what == "wordless") {
-            throw ValidationError{};
-        }
-        if (*what == "code") {
-            throw ExitCode{3};
-        }
-        if (*what == "message") {
-            throw CleanExit::message("done");
-        }
-        if (*what == "help") {
-            throw CleanExit::helpRequest();
-        }
-        if (*what == "named") {
-            throw CleanExit::helpRequest(CommandType::of<Thrower>());
-        }
-        throw std::runtime_error(*what == "nothing" ? "" : "broken");
+        static const std::map<std::string_view, void (*)()> failures{
+            {"validation", [] { throw ValidationError{"refused"}; }},
+            {"wordless", [] { throw ValidationError{}; }},
+            {"code", [] { throw ExitCode{3}; }},
+            {"message", [] { throw CleanExit::message("done"); }},
+            {"help", [] { throw CleanExit::helpRequest(); }},
+            {"named", [] { throw CleanExit::helpRequest(CommandType::of<Thrower>()); }},
+            {"failure", [] { throw CommandFailure{"failed"}; }},
+            {"memory", [] { throw std::bad_alloc(); }},
+            {"nothing", [] { throw std::runtime_error(""); }},
+            {"other", [] { throw std::runtime_error("broken"); }},
+            {"number", [] { throw 1; }},
+        };
+        failures.at (*what)();
     }
 };
 
@@ -126,8 +128,7 @@ struct Silent final : ParsableCommand {
         return {.commandName = "silent", .usage = "", .helpNames = NameSpecification{customShort("?")}};
     }
     Flag<bool> color{*this, "color", FlagInversion::prefixedNo, ""};
-    Option<std::vector<std::string>> words{*this, "words",
-                                           ArgumentHelp("", {.visibility = ArgumentVisibility::privateInput})};
+    Option<Texts> words{*this, "words", ArgumentHelp("", {.visibility = ArgumentVisibility::privateInput})};
 };
 
 struct Top final : ParsableCommand {
@@ -152,6 +153,10 @@ TEST(ParserErrors, WhatACommandThrows) {
         {"thrower message --early", "done"},
         {"thrower other", "1|Error: broken"},
         {"thrower other --early", "1|Error: broken"},
+        {"thrower failure --early", "1|Error: failed"},
+        {"thrower number", "1|Error: Unknown error."},
+        {"thrower memory", "1|Error: Out of memory."},
+        {"thrower memory --early", "1|Error: Out of memory."},
         {"thrower nothing", "1|"},
         {"thrower help", outcome<Top>("--help")},
         {"thrower help --early", outcome<Top>("help thrower")},
@@ -167,13 +172,20 @@ TEST(ParserErrors, WhatACommandThrows) {
     }
 }
 
+template <class Thrown>
+struct Early final : Tool {
+    void validate() const override { throw Thrown(); }
+};
+
 TEST(ParserErrors, WithoutAnyArgumentsShowTheHelpOfTheRoot) {
+    EXPECT_EQ(outcome<Early<CleanExit>>(""), outcome<Early<CleanExit>>("--help"));
+    EXPECT_EQ(outcome<Early<std::bad_alloc>>(""), "1|Error: Out of memory.");
     EXPECT_EQ(outcome<Thrower>(""), "64|Error: Missing expected argument '<what>'\n\n" + outcome<Thrower>("--help"));
 }
 
 template <class Command>
 void construct() {
-    Tree(CommandType::of<Command>());
+    Tree(CommandType::of<Command>()).child("help");
 }
 
 struct OwnChild final : ParsableCommand {
@@ -188,7 +200,10 @@ struct StrayDefault final : ParsableCommand {
     static CommandConfiguration configuration() {
         return {.commandName = "stray", .defaultSubcommand = CommandType::of<Thrower>()};
     }
-    Option<std::vector<std::string>> post{*this, "post", {}, "", {.parsing = ParsingStrategy::postTerminator}};
+};
+struct Misplaced final : Tool {
+    Option<Texts> post{*this, "post", {}, "", {.parsing = ParsingStrategy::postTerminator}};
+    Option<Texts> left{*this, "left", {}, "", {.parsing = ParsingStrategy::allUnrecognized}};
 };
 
 std::string banner(const std::string& message) {
@@ -203,10 +218,11 @@ TEST(ParserErrors, FaultsOfADeclaration) {
                 banner("The command \"own-alias\" can't have an alias with the same name as the command itself\\."));
     EXPECT_EXIT(*Thrower().what, testing::ExitedWithCode(1),
                 banner("Can't read a value from a parsable\u00A0argument definition\\.(.|\n)*"));
-    expectRows<StrayDefault>({
-        {"x", "Internal error. Invalid state while parsing command-line arguments."},
-        {"--post x", "Internal error. Invalid state while parsing command-line arguments."},
-    });
+    const std::string message = "Internal error. Invalid state while parsing command-line arguments.";
+    expectRows<StrayDefault>({Row{"x", message}});
+    for (const char* line : {"--post x", "--post", "--post=x", "--left x", "--left", "--left=x"}) {
+        expectRows<Misplaced>({Row{line, message}});
+    }
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 
 #include <cstdlib>
 #include <initializer_list>
+#include <source_location>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,8 +11,8 @@
 #include <gtest/gtest.h>
 
 #include "ArgumentParser/Argument.h"
-#include "ArgumentParser/CommandParser.h"
 #include "ArgumentParser/CommandExit.h"
+#include "ArgumentParser/CommandParser.h"
 #include "ArgumentParser/Flag.h"
 #include "ArgumentParser/MessageInfo.h"
 #include "ArgumentParser/Option.h"
@@ -21,54 +22,53 @@
 
 namespace parsertest {
 
+using namespace argumentparser;
+
+using MaybeText = std::optional<std::string>;
+using Texts = std::vector<std::string>;
+
 /// What the commands of these tests have in common.
-struct Tool : argumentparser::ParsableCommand {
-    static argumentparser::CommandConfiguration configuration() { return {.commandName = "tool"}; }
+struct Tool : ParsableCommand {
+    static CommandConfiguration configuration() { return {.commandName = "tool"}; }
 };
 
 template <class T>
 std::string textOf(const T& value) {
-    return argumentparser::ArgumentValue<T>::defaultValueDescription(value);
-}
-inline std::string textOf(const std::string& value) {
-    return value.empty() ? "''" : value;
-}
-template <class T>
-std::string textOf(const std::optional<T>& value) {
-    return value ? textOf(*value) : "";
-}
-inline std::string textOf(const std::optional<bool>& value) {
-    return !value ? "" : *value ? "yes" : "no";
-}
-template <class T>
-std::string textOf(const std::vector<T>& values) {
-    std::vector<std::string> texts;
-    for (const T& value : values) {
-        texts.push_back(textOf(value));
+    if constexpr (ValueShape<T>::isOptional) {
+        return value ? textOf(*value) : "";
+    } else if constexpr (ValueShape<T>::isList) {
+        Texts texts;
+        for (const auto& element : value) {
+            texts.push_back(textOf(element));
+        }
+        return value.empty() ? "" : "[" + platform::joined(texts, ",") + "]";
+    } else {
+        const std::string text = ArgumentValue<T>::defaultValueDescription(value);
+        return text.empty() ? "''" : text;
     }
-    return values.empty() ? "" : "[" + platform::joined(texts, ",") + "]";
 }
 
 /// Ends a command with its inputs, under the labels in `labels`, on standard output: "limit=5 files=[a,b]". Absent
-/// values, empty lists and false go without saying.
+/// values, empty lists and plain flags that are off go without saying.
 template <class... Inputs>
 [[noreturn]] void print(std::string_view labels, const Inputs&... inputs) {
     std::string text;
     std::size_t next = 0;
     const std::vector<std::string_view> names = platform::split(labels, ' ');
-    const auto add = [&](const std::string& value) {
+    const auto add = [&]<class T>(const T& value) {
         const std::string_view name = names.at(next++);
-        if (!value.empty() && value != "false") {
-            text += (text.empty() ? "" : " ") + std::string(name) + "=" + value;
+        const std::string shown = std::same_as<T, bool> && textOf(value) == "false" ? "" : textOf(value);
+        if (!shown.empty()) {
+            text += (text.empty() ? "" : " ") + std::string(name) + "=" + shown;
         }
     };
-    (add(textOf(inputs.get())), ...);
-    throw argumentparser::CleanExit::message(text);
+    (add(inputs.get()), ...);
+    throw CleanExit::message(text);
 }
 
 /// The words of a line between blanks; '' stands for an empty one.
-inline std::vector<std::string> words(std::string_view line) {
-    std::vector<std::string> result;
+inline Texts words(std::string_view line) {
+    Texts result;
     if (!line.empty()) {
         for (const std::string_view word : platform::split(line, ' ')) {
             result.emplace_back(word == "''" ? "" : word);
@@ -81,12 +81,13 @@ inline std::vector<std::string> words(std::string_view line) {
 template <class Root>
 std::string outcome(std::string_view line) {
     setenv("COLUMNS", "80", 1);
-    argumentparser::CommandParser parser(argumentparser::CommandType::of<Root>());
+    CommandParser parser(CommandType::of<Root>());
     try {
-        parser.parse(words(line)).run();
+        const Texts texts = words(line);
+        parser.parse(std::vector<std::string_view>(texts.begin(), texts.end())).run();
         return "ran";
     } catch (...) {
-        const auto info = argumentparser::MessageInfo::of(std::current_exception(), parser.commandTree());
+        const auto info = MessageInfo::of(std::current_exception(), parser.commandTree());
         EXPECT_EQ(info.isForStandardOutput(), info.exitCode() == 0);
         return (info.exitCode() == 0 ? "" : std::to_string(info.exitCode()) + "|") + info.fullText();
     }
@@ -95,6 +96,7 @@ std::string outcome(std::string_view line) {
 struct Row {
     std::string_view line;
     std::string expected; ///< All of the outcome; of a refusal what stands above the usage, without "64|Error: ".
+    std::source_location where = std::source_location::current();
 };
 
 template <class Root>
@@ -105,7 +107,8 @@ void expectRows(std::initializer_list<Row> rows) {
             actual = actual.substr(3, actual.find("\nUsage: ") - 3);
             actual.erase(0, actual.starts_with("Error: ") ? 7 : 0);
         }
-        EXPECT_EQ(actual, row.expected) << "line: " << row.line;
+        const testing::ScopedTrace trace(row.where.file_name(), static_cast<int>(row.where.line()), row.line);
+        EXPECT_EQ(actual, row.expected);
     }
 }
 
