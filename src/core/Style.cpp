@@ -47,11 +47,12 @@ std::string withStyle(std::string_view text, Style style) {
 }
 
 std::string ansiStyled(std::string_view text, Style style) {
-    if (!stdoutIsTerminal()) {
-        return std::string(text);
-    }
-    const std::string line = platform::terminalLine(text);
-    return style == Style::plain ? line : withStyle(line, style);
+    std::string line = shownLine(text);
+    return style == Style::plain || !stdoutIsTerminal() ? line : withStyle(line, style);
+}
+
+std::string shownLine(std::string_view text) {
+    return stdoutIsTerminal() ? platform::terminalLine(text) : std::string(text);
 }
 
 std::string shownText(std::string_view text) {

@@ -14,8 +14,11 @@ bool stdoutIsTerminal();
 /// `text` between the escape sequences of `style`.
 std::string withStyle(std::string_view text, Style style);
 
-/// `text`, a piece of a line, for standard output: in its style and harmless at a terminal, else as it is.
+/// `shownLine` in a style, which only a terminal gets.
 std::string ansiStyled(std::string_view text, Style style);
+
+/// `text`, a piece of a line, for standard output: harmless at a terminal, else as it is.
+std::string shownLine(std::string_view text);
 
 /// `text`, whose line feeds and tabs are part of its layout, for standard output: harmless at a terminal, else as it
 /// is.

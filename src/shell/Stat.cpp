@@ -23,7 +23,7 @@ using platform::JsonObject;
 struct TreeEntry {
     std::string prefix;
     std::string name;
-    std::string_view kind;
+    std::string kind;
     std::string_view id;
 
     std::size_t nameWidth() const { return characterCount(prefix) + characterCount(name); }
@@ -35,8 +35,9 @@ std::string spaces(std::size_t count) {
 
 TreeEntry treeEntry(const JsonObject& node, std::size_t depth) {
     constexpr std::size_t nameLimit = 80;
-    return {depth == 0 ? "" : spaces((depth - 1) * 3) + "└─ ", singleLine(textOrEmpty(node, "name"), nameLimit),
-            textOrEmpty(node, "kind"), textOrEmpty(node, "id")};
+    return {depth == 0 ? "" : spaces((depth - 1) * 3) + "└─ ",
+            shownLine(singleLine(textOrEmpty(node, "name"), nameLimit)), shownLine(textOrEmpty(node, "kind")),
+            textOrEmpty(node, "id")};
 }
 
 std::string treePlaceLines(const std::vector<JsonObject>& ancestors, const JsonObject& node) {

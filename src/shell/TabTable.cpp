@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "core/SingleLine.h"
-#include "platform/TerminalText.h"
 #include "platform/Text.h"
 
 namespace orvane {
@@ -28,10 +27,7 @@ std::vector<std::size_t> tabStops(const TableRows& rows, std::size_t tabWidth) {
 } // namespace
 
 void TableRows::add(std::string_view text, Style style) {
-    std::string line = singleLine(text);
-    if (stdoutIsTerminal()) {
-        line = platform::terminalLine(line);
-    }
+    const std::string line = shownLine(singleLine(text));
     entries_.push_back({texts_.size(), line.size(), platform::characterCount(line), style});
     texts_ += line;
 }
