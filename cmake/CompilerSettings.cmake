@@ -4,6 +4,14 @@ include(CheckCXXSourceCompiles)
 
 option(ORVANE_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
 option(ORVANE_HARDEN "Build with the hardening flags of a release" OFF)
+option(ORVANE_STATIC "Link the tool into one static, position-independent executable, optimized as a whole" OFF)
+if(ORVANE_SANITIZE AND ORVANE_STATIC)
+  message(FATAL_ERROR "The sanitizers need the dynamic C library: ORVANE_SANITIZE and ORVANE_STATIC exclude each other.")
+endif()
+
+# An executable with the property ORVANE_STATIC is linked as that option says, all others dynamically.
+set(is_static $<AND:$<BOOL:${ORVANE_STATIC}>,$<BOOL:$<TARGET_PROPERTY:ORVANE_STATIC>>>)
+set(is_dynamic $<NOT:${is_static}>)
 
 add_library(project_settings INTERFACE)
 target_compile_options(project_settings INTERFACE
@@ -25,14 +33,14 @@ if(ORVANE_SANITIZE)
   target_link_options(project_settings INTERFACE -fsanitize=address,undefined)
 else()
   target_link_options(project_settings INTERFACE
-    -static-libstdc++ -static-libgcc LINKER:--as-needed)
+    $<${is_dynamic}:-static-libstdc++> $<${is_dynamic}:-static-libgcc> LINKER:--as-needed)
 endif()
 
 if(ORVANE_HARDEN)
   target_compile_options(project_settings INTERFACE
     -fstack-protector-strong -fstack-clash-protection -fPIE -ffunction-sections -fdata-sections)
   target_link_options(project_settings INTERFACE
-    -pie LINKER:-z,relro LINKER:-z,now LINKER:-z,noexecstack LINKER:--gc-sections)
+    $<${is_dynamic}:-pie> LINKER:-z,relro LINKER:-z,now LINKER:-z,noexecstack LINKER:--gc-sections)
 
   # x86 alone has it.
   check_cxx_compiler_flag(-fcf-protection has_control_flow_protection)
@@ -50,5 +58,34 @@ if(ORVANE_HARDEN)
   unset(CMAKE_REQUIRED_FLAGS)
   if(lacks_fortify_level)
     target_compile_definitions(project_settings INTERFACE _FORTIFY_SOURCE=2)
+  endif()
+endif()
+
+add_library(library_settings INTERFACE)
+if(ORVANE_STATIC)
+  target_link_options(project_settings INTERFACE $<${is_static}:-static-pie> $<${is_static}:-s>)
+
+  # The tool is optimized as a whole, which takes the linker a while. The tests are linked from
+  # what the compiler made of each file: the library's objects hold both.
+  check_cxx_compiler_flag("-flto=auto -ffat-lto-objects" has_link_time_optimization)
+  if(has_link_time_optimization)
+    target_compile_options(project_settings INTERFACE -ffat-lto-objects)
+    target_compile_options(library_settings INTERFACE -flto=auto)
+    target_link_options(project_settings INTERFACE $<IF:${is_static},-flto=auto,-fno-lto>)
+  endif()
+
+  # Relative relocations in a few words; the start-up code of older C libraries can't read them.
+  set(CMAKE_REQUIRED_FLAGS -fPIE)
+  set(CMAKE_REQUIRED_LINK_OPTIONS -static-pie LINKER:-z,pack-relative-relocs LINKER:--fatal-warnings)
+  check_cxx_source_compiles("
+    #include <features.h>
+    #if !__GLIBC_PREREQ(2, 36)
+    #error It is too old.
+    #endif
+    int main() {}" has_packed_relocations)
+  unset(CMAKE_REQUIRED_FLAGS)
+  unset(CMAKE_REQUIRED_LINK_OPTIONS)
+  if(has_packed_relocations)
+    target_link_options(project_settings INTERFACE $<${is_static}:LINKER:-z,pack-relative-relocs>)
   endif()
 endif()
