@@ -66,12 +66,14 @@ if(ORVANE_STATIC)
   target_link_options(project_settings INTERFACE $<${is_static}:-static-pie> $<${is_static}:-s>)
 
   # The tool is optimized as a whole, which takes the linker a while. The tests are linked from
-  # what the compiler made of each file: the library's objects hold both.
-  check_cxx_compiler_flag("-flto=auto -ffat-lto-objects" has_link_time_optimization)
+  # what the compiler made of each file: the library's objects hold both. One partition needs no
+  # make program to be linked, and comes out the same whatever the number of processors.
+  check_cxx_compiler_flag("-flto -ffat-lto-objects -flto-partition=one" has_link_time_optimization)
   if(has_link_time_optimization)
     target_compile_options(project_settings INTERFACE -ffat-lto-objects)
-    target_compile_options(library_settings INTERFACE -flto=auto)
-    target_link_options(project_settings INTERFACE $<IF:${is_static},-flto=auto,-fno-lto>)
+    target_compile_options(library_settings INTERFACE -flto)
+    target_link_options(project_settings INTERFACE
+      $<IF:${is_static},-flto,-fno-lto> $<${is_static}:-flto-partition=one>)
   endif()
 
   # Relative relocations in a few words; the start-up code of older C libraries can't read them.
