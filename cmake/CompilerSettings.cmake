@@ -48,7 +48,7 @@ if(ORVANE_HARDEN)
     target_compile_options(project_settings INTERFACE -fcf-protection)
   endif()
 
-  # A level given from outside, or built into the compiler, stands.
+  # A level given from outside, or built into the compiler, stands. Without optimization there is none to have.
   set(CMAKE_REQUIRED_FLAGS -O2)
   check_cxx_source_compiles("
     #ifdef _FORTIFY_SOURCE
@@ -57,12 +57,13 @@ if(ORVANE_HARDEN)
     int main() {}" lacks_fortify_level)
   unset(CMAKE_REQUIRED_FLAGS)
   if(lacks_fortify_level)
-    target_compile_definitions(project_settings INTERFACE _FORTIFY_SOURCE=2)
+    target_compile_definitions(project_settings INTERFACE $<$<NOT:$<CONFIG:Debug>>:_FORTIFY_SOURCE=2>)
   endif()
 endif()
 
 add_library(library_settings INTERFACE)
 if(ORVANE_STATIC)
+  target_compile_options(project_settings INTERFACE -fPIE)
   target_link_options(project_settings INTERFACE $<${is_static}:-static-pie> $<${is_static}:-s>)
 
   # The tool is optimized as a whole, which takes the linker a while. The tests are linked from
