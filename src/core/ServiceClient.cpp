@@ -53,7 +53,8 @@ ServiceReply sendServiceRequest(ServiceRequest request) {
     http.host = localServiceHost;
     http.port = localServicePort;
     http.target = std::move(request.path);
-    http.idleTimeout = request.timeout;
+    http.idleTimeout =
+        std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::duration<double>(request.timeout));
     if (request.json) {
         http.body = std::move(*request.json);
         http.contentType = "application/json";

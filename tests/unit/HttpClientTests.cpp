@@ -29,11 +29,11 @@ using testsupport::ScriptedService;
 
 namespace {
 
-HttpRequest get(std::string target, std::string_view host = "localhost", double idleTimeout = 10) {
+HttpRequest get(std::string target, std::string_view host = "localhost", std::chrono::milliseconds idleTimeout = 10s) {
     return {"GET", host, applicationPort, std::move(target), {}, {}, idleTimeout};
 }
 
-HttpRequest send(std::string_view method, std::string target, std::string body, double idleTimeout = 10) {
+HttpRequest send(std::string_view method, std::string target, std::string body, std::chrono::milliseconds idleTimeout = 10s) {
     return {method, "localhost", applicationPort, std::move(target), std::move(body), "application/json", idleTimeout};
 }
 
@@ -166,7 +166,7 @@ TEST(HttpClient, cannotConnectWhenEveryAddressRefuses) {
 
 TEST(HttpClient, connectsToLoopbackAlone) {
     for (const std::string_view host : {"192.0.2.1", "example.com", "[2001:db8::1]", ""}) {
-        expectFailed(outcomeOf(get("/", host, 0.2)), HttpFailure::other, "cannot connect");
+        expectFailed(outcomeOf(get("/", host, 200ms)), HttpFailure::other, "cannot connect");
     }
 }
 
@@ -289,7 +289,7 @@ TEST(HttpClient, givesUpWhenNothingMoves) {
     for (const Answer& given : rows) {
         const ScriptedService service({given});
         const auto start = std::chrono::steady_clock::now();
-        expectFailed(outcomeOf(get("/", "localhost", 0.15)), HttpFailure::timedOut);
+        expectFailed(outcomeOf(get("/", "localhost", 150ms)), HttpFailure::timedOut);
         EXPECT_GE(std::chrono::steady_clock::now() - start, 150ms);
         EXPECT_LT(std::chrono::steady_clock::now() - start, 5s);
     }
@@ -312,7 +312,7 @@ TEST(HttpClient, givesUpOnAConnectionThatIsNotAccepted) {
     for (int filler = 1; filler < 4; ++filler) {
         ::connect(sockets[filler], place, sizeof address);
     }
-    expectFailed(outcomeOf(get("/", "localhost", 0.15)), HttpFailure::timedOut);
+    expectFailed(outcomeOf(get("/", "localhost", 150ms)), HttpFailure::timedOut);
     for (const int socket : sockets) {
         ::close(socket);
     }
@@ -323,14 +323,14 @@ TEST(HttpClient, waitsAsLongAsBytesMove) {
     pieces.resize(16, ".");
     const ScriptedService service({testsupport::dribbledAnswer(pieces, 100ms)});
     const auto start = std::chrono::steady_clock::now();
-    expectAnswered(outcomeOf(get("/", "localhost", 1)), 200, std::string(15, '.'));
+    expectAnswered(outcomeOf(get("/", "localhost", 1s)), 200, std::string(15, '.'));
     EXPECT_GE(std::chrono::steady_clock::now() - start, 1400ms);
 }
 
 TEST(HttpClient, givesUpOnARequestThatIsNotTaken) {
     const ScriptedService service({testsupport::deafness()});
     const auto start = std::chrono::steady_clock::now();
-    expectFailed(outcomeOf(send("POST", "/", std::string(fiftyMegabytes, 'x'), 2)), HttpFailure::timedOut);
+    expectFailed(outcomeOf(send("POST", "/", std::string(fiftyMegabytes, 'x'), 2s)), HttpFailure::timedOut);
     EXPECT_LT(std::chrono::steady_clock::now() - start, 3900ms) << "waited for an answer as well";
 }
 
