@@ -80,27 +80,14 @@ const std::string& largeBody() {
     return body;
 }
 
-/// Sets a value of the kernel's network settings and sets it back.
-class NetworkSetting {
-public:
-    NetworkSetting(std::string path, const std::string& value) : path_("/proc/sys/net/" + std::move(path)) {
-        std::getline(std::ifstream(path_) >> std::ws, old_);
-        changed_ = networkIsOwn() && static_cast<bool>(std::ofstream(path_) << value << std::flush);
-    }
-    ~NetworkSetting() {
-        if (changed_) {
-            std::ofstream(path_) << old_;
-        }
-    }
-    NetworkSetting(const NetworkSetting&) = delete;
-    NetworkSetting& operator=(const NetworkSetting&) = delete;
-    bool isChanged() const { return changed_; }
-
-private:
-    std::string path_;
-    std::string old_;
-    bool changed_ = false;
-};
+/// Whether the kernel's network settings could be changed.
+bool setNetwork(const char* withoutIPv6, const char* outgoingPorts) {
+    const auto set = [](const std::string& path, const char* value) {
+        return static_cast<bool>(std::ofstream("/proc/sys/net/" + path) << value << std::flush);
+    };
+    return networkIsOwn() && set("ipv6/conf/lo/disable_ipv6", withoutIPv6) &&
+           set("ipv4/ip_local_port_range", outgoingPorts);
+}
 
 const std::string ok = "HTTP/1.1 200 OK\r\n";
 const std::string fourBytes = ok + "Content-Length: 4\r\n\r\n";
@@ -160,14 +147,13 @@ TEST(HttpClient, connectsToLoopbackAlone) {
 }
 
 TEST(HttpClient, doesWithoutIPv6AndNeverTakesItselfForTheService) {
-    {
-        const NetworkSetting noSix("ipv6/conf/lo/disable_ipv6", "1");
-        const NetworkSetting onePort("ipv4/ip_local_port_range", "44360 44360");
-        if (!noSix.isChanged() || !onePort.isChanged()) {
-            GTEST_SKIP() << "the network's settings cannot be changed here";
-        }
-        EXPECT_EQ(outcomeOf(get("/")), "cannot connect");
+    const bool isSet = setNetwork("1", "44360 44360");
+    const std::string outcome = isSet ? outcomeOf(get("/")) : "";
+    setNetwork("0", "32768 60999");
+    if (!isSet) {
+        GTEST_SKIP() << "the network's settings cannot be changed here";
     }
+    EXPECT_EQ(outcome, "cannot connect");
     EXPECT_EQ(outcomeOf(answer("here")), "200 here");
 }
 
@@ -176,10 +162,10 @@ TEST(HttpClient, readsEveryFormOfAnswer) {
     EXPECT_EQ(outcomeOf(answer(std::string("\0\r\n\xff", 4))), "200 " + std::string("\0\r\n\xff", 4));
     EXPECT_EQ(outcomeOf(ok + "\r\nall of it\n"), "200 all of it\n");
     EXPECT_EQ(outcomeOf("HTTP/1.0 200 OK\r\n\r\n"), "200 ");
-    EXPECT_EQ(outcomeOf(chunked + "3;x=y\r\nabc\r\nA\r\n0123456789\r\n0\r\nLocation: t\r\n\r\n"), "200 abc0123456789");
+    EXPECT_EQ(outcomeOf(chunked + "3;x=y\r\nabc\r\nA\r\n0123456789\r\n0\r\nTrailer: t\r\n\r\n"), "200 abc0123456789");
     EXPECT_EQ(outcomeOf(ok + "Transfer-Encoding:\r\n Chunked \r\n\r\n0\r\n\r\n"), "200 ");
     EXPECT_EQ(outcomeOf(rawAnswer("HTTP/1.1 204 No Content\r\n\r\n")), "204 ");
-    EXPECT_EQ(outcomeOf(rawAnswer("HTTP/1.1 302 Found\r\nContent-Length: 2\r\n\r\nno")), "302 no");
+    EXPECT_EQ(outcomeOf("HTTP/1.1 302 Found\r\nTransfer-Encoding: chunked\r\n\r\n0\r\nLocation: /\r\n\r\n"), "302 ");
     EXPECT_EQ(outcomeOf(rawAnswer(proceed + "HTTP/1.1 103 Hints\r\nLink: x\r\n\r\n" + fourBytes + "okay")), "200 okay");
     EXPECT_EQ(outcomeOf(dribbledAnswer({"HTTP/1.1 102 Pro", "cessing\r\n\r\n", "HTTP/1.1 200 O",
                                         "K\r\nTransfer-Encoding: chu", "nked\r\n\r\n1", "0\r\n0123456789abcdef\r",
@@ -198,16 +184,15 @@ TEST(HttpClient, tellsALostConnectionFromNonsense) {
     }
     EXPECT_EQ(outcomeOf(resetAnswer("HTTP/1.1 500 No\r\n\r\nabc")), "lost");
     const auto noHttp = [](const std::string& why) { return "the answer is not valid HTTP (bad " + why + ")"; };
+    const std::string badCoding = noHttp("Transfer-Encoding");
     EXPECT_EQ(outcomeOf("SSH-2.0-server\r\n"), noHttp("version"));
     EXPECT_EQ(outcomeOf("no"), noHttp("version"));
     EXPECT_EQ(outcomeOf("HTTP/1.1 099 OK\r\n\r\n"), noHttp("status"));
     EXPECT_EQ(outcomeOf("HTTP/1.1 101 Switching\r\nUpgrade: x\r\n\r\n"), noHttp("status"));
-    EXPECT_EQ(outcomeOf(ok + "Transfer-Encoding: gzip\r\n\r\n"), noHttp("Transfer-Encoding"));
-    EXPECT_EQ(outcomeOf(ok + "Transfer-Encoding: gzip, chunked\r\n\r\n0\r\n\r\n"), noHttp("Transfer-Encoding"));
-    EXPECT_EQ(outcomeOf(ok + "Transfer-Encoding: gzip\r\nTransfer-Encoding: chunked\r\n\r\n0\r\n\r\n"),
-              noHttp("Transfer-Encoding"));
-    EXPECT_EQ(outcomeOf(ok + "Content-Length: 0\r\nTransfer-Encoding: chunked\r\n\r\n0\r\n\r\n"),
-              noHttp("Transfer-Encoding"));
+    EXPECT_EQ(outcomeOf(ok + "Transfer-Encoding: gzip\r\n\r\n"), badCoding);
+    EXPECT_EQ(outcomeOf(ok + "Transfer-Encoding: gzip, chunked\r\n\r\n0\r\n\r\n"), badCoding);
+    EXPECT_EQ(outcomeOf(ok + "Transfer-Encoding: gzip\r\nTransfer-Encoding: chunked\r\n\r\n0\r\n\r\n"), badCoding);
+    EXPECT_EQ(outcomeOf(ok + "Content-Length: 0\r\nTransfer-Encoding: chunked\r\n\r\n0\r\n\r\n"), badCoding);
     EXPECT_EQ(outcomeOf(ok + "Content-Length: 2\r\nContent-Length: 3\r\n\r\nabc"),
               "the answer is not valid HTTP (multiple Content-Length)");
     EXPECT_EQ(outcomeOf(ok + "X: " + std::string(1'200'000, 'x')), "the head of the answer is too large");
@@ -233,9 +218,9 @@ TEST(HttpClient, givesUpOnAConnectionThatIsNotAccepted) {
     int sockets[4];
     for (int& socket : sockets) {
         socket = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
-        const int on = 1;
-        ::setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
     }
+    const int on = 1;
+    ::setsockopt(sockets[0], SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
     EXPECT_TRUE(::bind(sockets[0], service, sizeof address) == 0 && ::listen(sockets[0], 0) == 0);
     for (int filler = 1; filler < 4; ++filler) {
         ::connect(sockets[filler], service, sizeof address);
@@ -297,17 +282,18 @@ TEST(HttpClient, passesALongBodyOn) {
     const std::string longBody = largeBody().substr(0, platform::passOnThreshold + 1);
     const std::string shortBody = longBody.substr(1);
     const std::string end = "0\r\n\r\n";
+    const std::string passedOn = "passed on " + abbreviated(longBody) + " | ";
     const auto outcome = [](const Answer& given) { return outcomeOf(given, get("/"), true); };
-    EXPECT_EQ(outcome(answer(201, longBody)), "passed on " + abbreviated(longBody) + " | 201 ");
-    EXPECT_EQ(outcome(rawAnswer(chunks(longBody, 999) + end)), "passed on " + abbreviated(longBody) + " | 200 ");
-    EXPECT_EQ(outcome(rawAnswer(chunks(longBody, 3'000'000) + end)), "passed on " + abbreviated(longBody) + " | 200 ");
-    EXPECT_EQ(outcome(cutAnswer(ok + "\r\n" + longBody)), "passed on " + abbreviated(longBody) + " | 200 ");
+    EXPECT_EQ(outcome(answer(201, longBody)), passedOn + "201 ");
+    EXPECT_EQ(outcome(rawAnswer(chunks(longBody, 999) + end)), passedOn + "200 ");
+    EXPECT_EQ(outcome(rawAnswer(chunks(longBody, 3'000'000) + end)), passedOn + "200 ");
+    EXPECT_EQ(outcome(cutAnswer(ok + "\r\n" + longBody)), passedOn + "200 ");
     EXPECT_EQ(outcome(answer(shortBody)), "200 " + abbreviated(shortBody));
     EXPECT_EQ(outcome(rawAnswer(chunks(shortBody, 999) + end)), "200 " + abbreviated(shortBody));
     EXPECT_EQ(outcome(answer(302, longBody)), "302 " + abbreviated(longBody));
     EXPECT_EQ(outcome(answer(500, longBody)), "500 " + abbreviated(longBody));
     EXPECT_EQ(outcome(cutAnswer(ok + "Content-Length: 5000000\r\n\r\nabc")), "passed on abc | lost");
-    EXPECT_EQ(outcome(cutAnswer(chunks(longBody, 999))), "passed on " + abbreviated(longBody) + " | lost");
+    EXPECT_EQ(outcome(cutAnswer(chunks(longBody, 999))), passedOn + "lost");
     EXPECT_EQ(outcome(cutAnswer(chunks(shortBody, 999))), "lost");
     const ScriptedService service({answer(longBody)});
     const auto fail = [](std::string_view) { throw std::system_error(ENOSPC, std::generic_category()); };
@@ -327,11 +313,6 @@ TEST(HttpClient, followsRedirects) {
     EXPECT_EQ(redirected("PUT", 303, "/b"), "GET /b");
     EXPECT_EQ(redirected("POST", 307, "/b"), "POST /b\nbody");
     EXPECT_EQ(redirected("POST", 308, "/b"), "POST /b\nbody");
-    EXPECT_EQ(redirected("GET", 302, "c/../d#e"), "GET /a/d");
-    EXPECT_EQ(redirected("GET", 302, "?q"), "GET /a/x?q");
-    EXPECT_EQ(redirected("GET", 302, "HTTP://LocalHost:44360/%C3%A4"), "GET /%C3%A4");
-    EXPECT_EQ(redirected("GET", 302, "http://127.0.0.1:44360?q"), "GET /?q");
-    EXPECT_EQ(redirected("GET", 302, "//[::1]:44360/../b/./c/.."), "GET /b/");
 
     std::vector<Answer> answers(16, answer(302, "", {{"Location", "/again"}}));
     answers.push_back(answer("at last"));
@@ -357,12 +338,8 @@ TEST(HttpClient, namesTheHostItWasRedirectedTo) {
     EXPECT_EQ(second->requests().at(0).headers, (Headers{{"Host", "127.0.0.1"}}));
 }
 
-TEST(HttpClient, doesNotFollowRedirectsAnywhereElse) {
-    for (const char* const location :
-         {"https://localhost:44360/b", "http://example.com/", "http://127.example.com/", "//192.0.2.1/b",
-          "ftp://localhost/b", "http://localhost:99999/", "http://[::2]:44360/", "http://a b/", "mailto:a@b", "http:/b",
-          "http://user@127.0.0.1:44360/b", "http://127.0.0.256:44360/b", "http://localhost:0/b"}) {
-        EXPECT_EQ(outcomeOf(answer(302, "moved", {{"Location", location}})), "302 moved") << location;
-    }
+TEST(HttpClient, returnsARedirectThatItMayNotFollow) {
+    EXPECT_EQ(outcomeOf(answer(302, "moved", {{"Location", "https://localhost:44360/b"}})), "302 moved");
+    EXPECT_EQ(outcomeOf(answer(302, "nowhere")), "302 nowhere");
     EXPECT_EQ(outcomeOf(answer(300, "many", {{"Location", "/b"}})), "300 many");
 }
