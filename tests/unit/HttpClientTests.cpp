@@ -58,10 +58,14 @@ std::string outcomeOf(HttpRequest request, bool withSink = false) {
     return (passedOn.empty() ? "" : "passed on " + abbreviated(passedOn) + " | ") + outcome;
 }
 
-/// The same for a request that is answered with `given`.
-std::string outcomeOf(const Answer& given, const HttpRequest& request = get("/"), bool withSink = false) {
-    const ScriptedService service({given});
+/// The same for a request that is answered with `answers`.
+std::string outcomeOf(std::vector<Answer> answers, const HttpRequest& request = get("/"), bool withSink = false) {
+    const ScriptedService service(std::move(answers));
     return outcomeOf(request, withSink);
+}
+
+std::string outcomeOf(const Answer& answer, const HttpRequest& request = get("/"), bool withSink = false) {
+    return outcomeOf(std::vector{answer}, request, withSink);
 }
 
 std::string outcomeOf(const std::string& bytes) {
@@ -82,11 +86,8 @@ const std::string& largeBody() {
 
 /// Whether the kernel's network settings could be changed.
 bool setNetwork(const char* withoutIPv6, const char* outgoingPorts) {
-    const auto set = [](const std::string& path, const char* value) {
-        return static_cast<bool>(std::ofstream("/proc/sys/net/" + path) << value << std::flush);
-    };
-    return networkIsOwn() && set("ipv6/conf/lo/disable_ipv6", withoutIPv6) &&
-           set("ipv4/ip_local_port_range", outgoingPorts);
+    return networkIsOwn() && std::ofstream("/proc/sys/net/ipv6/conf/lo/disable_ipv6") << withoutIPv6 << std::flush &&
+           std::ofstream("/proc/sys/net/ipv4/ip_local_port_range") << outgoingPorts << std::flush;
 }
 
 const std::string ok = "HTTP/1.1 200 OK\r\n";
@@ -139,7 +140,6 @@ TEST(HttpClient, connectsToLoopbackAlone) {
         EXPECT_EQ(outcomeOf(get("/", host)), "cannot connect") << host;
     }
     const ScriptedService service({}, Families::ipv4);
-    EXPECT_EQ(outcomeOf(get("/", "[::1]")), "cannot connect");
     EXPECT_EQ(outcomeOf(get("/", "127.1.2.3")), "cannot connect");
     for (const std::string_view host : {"192.0.2.1", "example.com", "[2001:db8::1]", ""}) {
         EXPECT_TRUE(outcomeOf(get("/", host, 200ms)).starts_with("cannot connect to " + std::string(host))) << host;
@@ -167,11 +167,10 @@ TEST(HttpClient, readsEveryFormOfAnswer) {
     EXPECT_EQ(outcomeOf(rawAnswer("HTTP/1.1 204 No Content\r\n\r\n")), "204 ");
     EXPECT_EQ(outcomeOf("HTTP/1.1 302 Found\r\nTransfer-Encoding: chunked\r\n\r\n0\r\nLocation: /\r\n\r\n"), "302 ");
     EXPECT_EQ(outcomeOf(rawAnswer(proceed + "HTTP/1.1 103 Hints\r\nLink: x\r\n\r\n" + fourBytes + "okay")), "200 okay");
-    EXPECT_EQ(outcomeOf(dribbledAnswer({"HTTP/1.1 102 Pro", "cessing\r\n\r\n", "HTTP/1.1 200 O",
-                                        "K\r\nTransfer-Encoding: chu", "nked\r\n\r\n1", "0\r\n0123456789abcdef\r",
-                                        "\n0\r\n\r", "\n"},
-                                       1ms)),
-              "200 0123456789abcdef");
+    const std::vector<std::string> pieces{
+        "HTTP/1.1 102 Pro", "cessing\r\n\r\nHTTP/1.1 200 O",    "K\r\nTransfer-Encoding: chu",
+        "nked\r\n\r\n1",    "0\r\n0123456789abcdef\r\n0\r\n\r", "\n"};
+    EXPECT_EQ(outcomeOf(dribbledAnswer(pieces, 1ms)), "200 0123456789abcdef");
     EXPECT_EQ(outcomeOf(answer(200, "ok", {{"X", std::string(900'000, 'x')}})), "200 ok");
 }
 
@@ -232,9 +231,8 @@ TEST(HttpClient, givesUpOnAConnectionThatIsNotAccepted) {
 }
 
 TEST(HttpClient, waitsAsLongAsBytesMove) {
-    EXPECT_EQ(outcomeOf(dribbledAnswer({ok, "Content-", "Length: 4\r\n\r\n", "1", "2", "3", "4"}, 150ms),
-                        get("/", "localhost", 600ms)),
-              "200 1234");
+    const auto slow = dribbledAnswer({ok, "Content-", "Length: 4\r\n\r\n", "1", "2", "3", "4"}, 150ms);
+    EXPECT_EQ(outcomeOf(slow, get("/", "localhost", 600ms)), "200 1234");
 }
 
 TEST(HttpClient, movesLargeBodiesUnchanged) {
@@ -286,7 +284,7 @@ TEST(HttpClient, passesALongBodyOn) {
     const auto outcome = [](const Answer& given) { return outcomeOf(given, get("/"), true); };
     EXPECT_EQ(outcome(answer(201, longBody)), passedOn + "201 ");
     EXPECT_EQ(outcome(rawAnswer(chunks(longBody, 999) + end)), passedOn + "200 ");
-    EXPECT_EQ(outcome(rawAnswer(chunks(longBody, 3'000'000) + end)), passedOn + "200 ");
+    EXPECT_EQ(outcome(rawAnswer(chunks(longBody, 40'000) + end)), passedOn + "200 ");
     EXPECT_EQ(outcome(cutAnswer(ok + "\r\n" + longBody)), passedOn + "200 ");
     EXPECT_EQ(outcome(answer(shortBody)), "200 " + abbreviated(shortBody));
     EXPECT_EQ(outcome(rawAnswer(chunks(shortBody, 999) + end)), "200 " + abbreviated(shortBody));
@@ -304,25 +302,21 @@ TEST(HttpClient, followsRedirects) {
     const auto redirected = [](const std::string& method, int status, const char* location) {
         const ScriptedService service({answer(status, "moved", {{"Location", location}}), answer("there")});
         EXPECT_EQ(outcomeOf(method == "GET" ? get("/a/x") : send(method, "/a/x", "body")), "200 there");
-        return service.requestTexts().back();
+        const RecordedRequest last = service.requests().back();
+        return last.text() + (last.headers.size() == 1 ? "" : " and more headers");
     };
     EXPECT_EQ(redirected("GET", 301, "/b?c=d"), "GET /b?c=d");
     EXPECT_EQ(redirected("POST", 301, "/b"), "GET /b");
     EXPECT_EQ(redirected("POST", 302, "/b"), "GET /b");
-    EXPECT_EQ(redirected("PUT", 302, "/b"), "PUT /b\nbody");
+    EXPECT_EQ(redirected("PUT", 302, "/b"), "PUT /b\nbody and more headers");
     EXPECT_EQ(redirected("PUT", 303, "/b"), "GET /b");
-    EXPECT_EQ(redirected("POST", 307, "/b"), "POST /b\nbody");
-    EXPECT_EQ(redirected("POST", 308, "/b"), "POST /b\nbody");
+    EXPECT_EQ(redirected("POST", 307, "/b"), "POST /b\nbody and more headers");
+    EXPECT_EQ(redirected("POST", 308, "/b"), "POST /b\nbody and more headers");
 
-    std::vector<Answer> answers(16, answer(302, "", {{"Location", "/again"}}));
-    answers.push_back(answer("at last"));
-    {
-        const ScriptedService service(answers);
-        EXPECT_EQ(outcomeOf(get("/")), "200 at last");
-    }
-    answers.back() = answers.front();
-    const ScriptedService endless(answers);
-    EXPECT_EQ(outcomeOf(get("/")), "too many redirects");
+    std::vector<Answer> answers(17, answer(302, "", {{"Location", "/again"}}));
+    EXPECT_EQ(outcomeOf(answers), "too many redirects");
+    answers.back() = answer("at last");
+    EXPECT_EQ(outcomeOf(answers), "200 at last");
 }
 
 TEST(HttpClient, namesTheHostItWasRedirectedTo) {
