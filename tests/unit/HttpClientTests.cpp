@@ -206,9 +206,10 @@ TEST(HttpClient, givesUpWhenNothingMoves) {
         EXPECT_GE(Clock::now() - start, 150ms);
         EXPECT_LT(Clock::now() - start, 5s);
     }
+    const HttpRequest upload = send("POST", "/", largeBody(), 2s);
     const auto start = Clock::now();
-    EXPECT_EQ(outcomeOf(deafness(), send("POST", "/", largeBody(), 1s)), "timed out");
-    EXPECT_LT(Clock::now() - start, 1900ms) << "waited for an answer as well";
+    EXPECT_EQ(outcomeOf(deafness(), upload), "timed out");
+    EXPECT_LT(Clock::now() - start, 3900ms) << "waited for an answer as well";
 }
 
 TEST(HttpClient, givesUpOnAConnectionThatIsNotAccepted) {
@@ -284,7 +285,8 @@ TEST(HttpClient, passesALongBodyOn) {
     const auto outcome = [](const Answer& given) { return outcomeOf(given, get("/"), true); };
     EXPECT_EQ(outcome(answer(201, longBody)), passedOn + "201 ");
     EXPECT_EQ(outcome(rawAnswer(chunks(longBody, 999) + end)), passedOn + "200 ");
-    EXPECT_EQ(outcome(rawAnswer(chunks(longBody, 40'000) + end)), passedOn + "200 ");
+    EXPECT_EQ(outcome(rawAnswer(chunks(largeBody(), 40'000) + end)),
+              "passed on " + abbreviated(largeBody()) + " | 200 ");
     EXPECT_EQ(outcome(cutAnswer(ok + "\r\n" + longBody)), passedOn + "200 ");
     EXPECT_EQ(outcome(answer(shortBody)), "200 " + abbreviated(shortBody));
     EXPECT_EQ(outcome(rawAnswer(chunks(shortBody, 999) + end)), "200 " + abbreviated(shortBody));
