@@ -54,7 +54,7 @@ ServiceReply sendServiceRequest(ServiceRequest request) {
     http.host = localServiceHost;
     http.port = localServicePort;
     http.target = std::move(request.path);
-    http.idleTimeout = static_cast<double>(request.timeout.count());
+    http.idleTimeout = request.timeout;
     if (request.json) {
         http.body = std::move(*request.json);
         http.contentType = "application/json";

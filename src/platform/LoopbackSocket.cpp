@@ -40,21 +40,16 @@ bool isAbsent(const std::error_code& error) {
 }
 
 /// A port from the range of outgoing ports can be connected to itself when nothing listens on it.
-bool isConnectedToItself(int socket) {
+bool isConnectedToItself(int socket, const sockaddr* peer, socklen_t peerSize) {
     sockaddr_storage own{};
-    sockaddr_storage peer{};
     socklen_t ownSize = sizeof own;
-    socklen_t peerSize = sizeof peer;
-    return ::getsockname(socket, reinterpret_cast<sockaddr*>(&own), &ownSize) == 0 &&
-           ::getpeername(socket, reinterpret_cast<sockaddr*>(&peer), &peerSize) == 0 && ownSize == peerSize &&
-           std::memcmp(&own, &peer, ownSize) == 0;
+    return ::getsockname(socket, reinterpret_cast<sockaddr*>(&own), &ownSize) == 0 && ownSize == peerSize &&
+           std::memcmp(&own, peer, peerSize) == 0;
 }
 
 } // namespace
 
-LoopbackSocket::LoopbackSocket(double idleLimit)
-    : idleLimit_(std::chrono::duration_cast<std::chrono::nanoseconds>(
-          std::chrono::duration<double>(std::clamp(idleLimit, 0.0, 1e9)))) {}
+LoopbackSocket::LoopbackSocket(std::chrono::milliseconds idleLimit) : idleLimit_(idleLimit) {}
 
 LoopbackSocket::~LoopbackSocket() {
     close();
@@ -107,15 +102,17 @@ std::error_code LoopbackSocket::connectTo(const sockaddr* address, unsigned addr
     // An interrupted attempt to connect goes on by itself, like one that was merely started.
     if (outcome == EINPROGRESS || outcome == EINTR) {
         std::error_code error;
-        if (!waitFor(POLLOUT, error)) {
+        const short events = waitFor(POLLOUT, idleLimit_, error);
+        if (error) {
             return error;
         }
+        outcome = 0;
         socklen_t size = sizeof outcome;
-        if (::getsockopt(socket_, SOL_SOCKET, SO_ERROR, &outcome, &size) != 0) {
+        if ((events & POLLERR) != 0 && ::getsockopt(socket_, SOL_SOCKET, SO_ERROR, &outcome, &size) != 0) {
             outcome = errno;
         }
     }
-    if (outcome == 0 && isConnectedToItself(socket_)) {
+    if (outcome == 0 && isConnectedToItself(socket_, address, addressSize)) {
         // Without an orderly end: its traces would keep the service from listening for a minute.
         const linger atOnce{1, 0};
         ::setsockopt(socket_, SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
@@ -123,9 +120,6 @@ std::error_code LoopbackSocket::connectTo(const sockaddr* address, unsigned addr
         return refused;
     }
     if (outcome == 0) {
-        // The last piece of a large body is not to wait for the acknowledgement of the one before.
-        const int on = 1;
-        ::setsockopt(socket_, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
         return {};
     }
     return isAbsent(systemError(outcome)) ? refused : systemError(outcome);
@@ -146,47 +140,65 @@ std::size_t LoopbackSocket::send(iovec* pieces, std::size_t count, std::error_co
         if (!wouldBlock(errno)) {
             error = systemError(errno);
         }
-        if (error || !waitFor(POLLOUT, error)) {
-            return 0;
-        }
+        return 0;
     }
+}
+
+void LoopbackSocket::sendWithoutDelay() {
+    const int on = 1;
+    ::setsockopt(socket_, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
 }
 
 std::size_t LoopbackSocket::receive(void* data, std::size_t size, std::error_code& error) {
     for (;;) {
+        if (isDrained_) {
+            waitFor(POLLIN, idleLimit_, error);
+            if (error) {
+                return 0;
+            }
+        }
         const ssize_t received = ::recv(socket_, data, size, 0);
         if (received >= 0) {
+            isDrained_ = static_cast<std::size_t>(received) < size;
             return static_cast<std::size_t>(received);
         }
-        if (errno == EINTR) {
-            continue;
-        }
-        if (!wouldBlock(errno)) {
+        if (wouldBlock(errno)) {
+            isDrained_ = true;
+        } else if (errno != EINTR) {
             error = systemError(errno);
-        }
-        if (error || !waitFor(POLLIN, error)) {
             return 0;
         }
     }
 }
 
-bool LoopbackSocket::waitFor(short event, std::error_code& error) const {
+bool LoopbackSocket::waitToSendOrReceive(std::error_code& error) {
+    const bool canReceive = (waitFor(POLLIN | POLLOUT, idleLimit_, error) & ~POLLOUT) != 0;
+    isDrained_ = isDrained_ && !canReceive;
+    return canReceive;
+}
+
+void LoopbackSocket::waitToSend(std::chrono::milliseconds limit, std::error_code& error) {
+    waitFor(POLLOUT, std::min(limit, idleLimit_), error);
+}
+
+/// The events that have come; none with `error` alone.
+short LoopbackSocket::waitFor(short events, std::chrono::milliseconds limit, std::error_code& error) const {
     using Clock = std::chrono::steady_clock;
-    const auto deadline = Clock::now() + idleLimit_;
+    const auto deadline = Clock::now() + limit;
     for (;;) {
         const auto left = std::max(deadline - Clock::now(), Clock::duration::zero());
         const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(left);
-        const timespec limit{seconds.count(), (left - seconds).count()};
-        pollfd entry{socket_, event, 0};
-        const int ready = ::ppoll(&entry, 1, &limit, nullptr);
+        const timespec timeout{seconds.count(), (left - seconds).count()};
+        pollfd entry{socket_, events, 0};
+        const int ready = ::ppoll(&entry, 1, &timeout, nullptr);
         if (ready > 0) {
-            return true;
+            return entry.revents;
         }
         if (ready < 0 && errno == EINTR) {
             continue;
         }
         error = ready == 0 ? std::make_error_code(std::errc::timed_out) : systemError(errno);
-        return false;
+        return 0;
     }
 }
 

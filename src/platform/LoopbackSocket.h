@@ -16,8 +16,7 @@ namespace platform {
 /// progress for the idle limit, and names its failure in `error` in the system's terms.
 class LoopbackSocket {
 public:
-    /// `idleLimit` is in seconds.
-    explicit LoopbackSocket(double idleLimit);
+    explicit LoopbackSocket(std::chrono::milliseconds idleLimit);
     ~LoopbackSocket();
     LoopbackSocket(const LoopbackSocket&) = delete;
     LoopbackSocket& operator=(const LoopbackSocket&) = delete;
@@ -27,19 +26,30 @@ public:
     /// std::errc::connection_refused when none is left.
     void connect(std::string_view host, std::uint16_t port, std::error_code& error);
 
-    /// Sends some of the bytes of `pieces` and tells how many.
+    /// Sends as many of the bytes of `pieces` as the connection takes at once and tells how many; may be none.
     std::size_t send(iovec* pieces, std::size_t count, std::error_code& error);
+
+    /// From now on, the last piece of what is sent does not wait for the acknowledgement of the one before.
+    void sendWithoutDelay();
 
     /// Receives at least one byte, or none at the end of the stream, into `data`, which holds `size` bytes.
     std::size_t receive(void* data, std::size_t size, std::error_code& error);
 
+    /// Waits until the connection takes bytes again or has brought some, at most for the idle limit. Whether there is
+    /// something to receive; the end of the stream counts.
+    bool waitToSendOrReceive(std::error_code& error);
+
+    /// Waits until the connection takes bytes again, at most for `limit`.
+    void waitToSend(std::chrono::milliseconds limit, std::error_code& error);
+
 private:
     std::error_code connectTo(const sockaddr* address, unsigned addressSize);
-    bool waitFor(short event, std::error_code& error) const;
+    short waitFor(short events, std::chrono::milliseconds limit, std::error_code& error) const;
     void close();
 
-    std::chrono::nanoseconds idleLimit_;
+    std::chrono::milliseconds idleLimit_;
     int socket_ = -1;
+    bool isDrained_ = true; ///< Nothing was left to receive when last looked at.
 };
 
 } // namespace platform

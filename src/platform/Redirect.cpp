@@ -10,7 +10,7 @@ namespace platform {
 
 namespace {
 
-constexpr std::uint16_t usualPort = 80;
+constexpr std::uint16_t defaultPort = 80;
 
 bool isLoopback(std::string_view host) {
     if (host == "localhost" || host == "[::1]") {
@@ -32,15 +32,15 @@ std::string schemeOf(std::string_view reference) {
 std::optional<HttpLocation> parseAuthority(std::string_view authority) {
     const auto hostEnd =
         std::min(authority.find(':', authority.starts_with('[') ? authority.find(']') : 0), authority.size());
-    HttpLocation place{lowercased(authority.substr(0, hostEnd)), usualPort, {}};
+    HttpLocation found{lowercased(authority.substr(0, hostEnd)), defaultPort, {}};
     if (const std::string_view port = authority.substr(hostEnd); port.size() > 1) {
         const auto number = parseNumber<std::uint16_t>(port.substr(1));
         if (!number || *number == 0) {
             return std::nullopt;
         }
-        place.port = *number;
+        found.port = *number;
     }
-    return isLoopback(place.host) ? std::optional(place) : std::nullopt;
+    return isLoopback(found.host) ? std::optional(found) : std::nullopt;
 }
 
 /// `target` with "." and ".." in its path resolved.
@@ -66,11 +66,11 @@ std::string withoutDotSegments(std::string_view target) {
     return (path.empty() ? "/" : path) + std::string(target.substr(pathEnd));
 }
 
-/// The target that a reference without an authority names, seen from `asked`.
-std::string resolveTarget(std::string_view asked, std::string_view reference) {
-    const std::string_view path = asked.substr(0, asked.find('?'));
+/// The target that a reference without an authority names, seen from `base`.
+std::string resolveTarget(std::string_view base, std::string_view reference) {
+    const std::string_view path = base.substr(0, base.find('?'));
     if (reference.empty()) {
-        return std::string(asked);
+        return std::string(base);
     }
     if (reference.starts_with('/')) {
         return withoutDotSegments(reference);
@@ -85,15 +85,15 @@ std::string resolveTarget(std::string_view asked, std::string_view reference) {
 
 std::string hostAndPort(std::string_view host, std::uint16_t port) {
     std::string text(host);
-    if (port != usualPort) {
+    if (port != defaultPort) {
         text.append(":").append(std::to_string(port));
     }
     return text;
 }
 
-std::optional<HttpLocation> resolveRedirect(const HttpLocation& asked, std::string_view location) {
-    const auto isPlain = [](char byte) { return byte > ' ' && byte < 0x7F; };
-    if (!std::all_of(location.begin(), location.end(), isPlain)) {
+std::optional<HttpLocation> resolveRedirect(const HttpLocation& base, std::string_view location) {
+    const auto isPrintableAscii = [](char byte) { return byte > ' ' && byte < 0x7F; };
+    if (!std::all_of(location.begin(), location.end(), isPrintableAscii)) {
         return std::nullopt;
     }
     std::string_view reference = location.substr(0, location.find('#'));
@@ -107,16 +107,16 @@ std::optional<HttpLocation> resolveRedirect(const HttpLocation& asked, std::stri
         }
     }
     if (!reference.starts_with("//")) {
-        return HttpLocation{asked.host, asked.port, resolveTarget(asked.target, reference)};
+        return HttpLocation{base.host, base.port, resolveTarget(base.target, reference)};
     }
     reference.remove_prefix(2);
     const auto authorityEnd = std::min(reference.find_first_of("/?"), reference.size());
-    std::optional<HttpLocation> place = parseAuthority(reference.substr(0, authorityEnd));
-    if (place) {
+    std::optional<HttpLocation> found = parseAuthority(reference.substr(0, authorityEnd));
+    if (found) {
         const std::string_view target = reference.substr(authorityEnd);
-        place->target = withoutDotSegments((target.starts_with('/') ? "" : "/") + std::string(target));
+        found->target = withoutDotSegments((target.starts_with('/') ? "" : "/") + std::string(target));
     }
-    return place;
+    return found;
 }
 
 } // namespace platform

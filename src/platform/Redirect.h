@@ -8,7 +8,7 @@
 
 namespace platform {
 
-/// A place on loopback that is reached by plain HTTP. `target` is the path with its query.
+/// What an http URL on loopback names. `target` is the path with its query.
 struct HttpLocation {
     std::string host;
     std::uint16_t port = 80;
@@ -18,8 +18,8 @@ struct HttpLocation {
 /// "host:port" as a Host header has it; the default port is left out.
 std::string hostAndPort(std::string_view host, std::uint16_t port);
 
-/// Resolves the value of a Location header against the place that was asked. Nothing when it is no URL or leads
+/// Resolves the value of a Location header against `base`, the URL that was asked. Nothing when it is no URL or leads
 /// anywhere but to plain HTTP on loopback.
-std::optional<HttpLocation> resolveRedirect(const HttpLocation& asked, std::string_view location);
+std::optional<HttpLocation> resolveRedirect(const HttpLocation& base, std::string_view location);
 
 } // namespace platform

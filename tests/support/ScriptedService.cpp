@@ -125,8 +125,8 @@ private:
     int stop_;
 };
 
-/// Reads one request as far as `reading` says; what follows its end stays in `bytes`.
-std::optional<RecordedRequest> readRequest(Connection& connection, Answer::Reading reading, std::string& bytes) {
+/// Reads the head of a request; what follows it stays in `bytes`.
+std::optional<RecordedRequest> readHead(Connection& connection, std::string& bytes) {
     std::size_t end = std::string::npos;
     while ((end = bytes.find(headEnd)) == std::string::npos) {
         if (!connection.receive(bytes)) {
@@ -135,9 +135,11 @@ std::optional<RecordedRequest> readRequest(Connection& connection, Answer::Readi
     }
     RecordedRequest request = parseHead(bytes.substr(0, end + headEnd.size()));
     bytes.erase(0, end + headEnd.size());
-    if (reading == Answer::Reading::head) {
-        return request;
-    }
+    return request;
+}
+
+/// Reads the body of `request`, or as much as comes of it; what follows stays in `bytes`.
+void readBody(Connection& connection, RecordedRequest& request, std::string& bytes) {
     const std::size_t size = announcedSize(request);
     bytes.reserve(size);
     while (bytes.size() < size && connection.receive(bytes)) {
@@ -145,7 +147,6 @@ std::optional<RecordedRequest> readRequest(Connection& connection, Answer::Readi
     }
     request.body = bytes.substr(0, size);
     bytes.erase(0, size);
-    return request;
 }
 
 } // namespace
@@ -192,11 +193,9 @@ Answer deafness() {
     return {{}, Answer::Ending::leaveOpen, Answer::Reading::nothing};
 }
 
-Answer earlyAnswer(int status, std::string body) {
-    Answer early = answer(status, std::move(body));
-    early.ending = Answer::Ending::close;
-    early.reading = Answer::Reading::head;
-    return early;
+Answer earlyAnswer(std::vector<std::string> pieces, Answer::Ending ending, Answer::Reading reading,
+                   std::chrono::milliseconds pause) {
+    return {std::move(pieces), ending, reading, pause};
 }
 
 std::string RecordedRequest::text() const {
@@ -292,10 +291,17 @@ void ScriptedService::serveConnection(int socket) {
         connection.wait(POLLRDHUP);
         return;
     }
-    const auto request = readRequest(connection, chosen.reading, bytes);
+    auto request = readHead(connection, bytes);
     if (!request) {
         faults_.push_back("a connection brought no whole request: " + bytes.substr(0, 200));
         return;
+    }
+    std::size_t sent = 0;
+    if (chosen.reading == Answer::Reading::rest) {
+        connection.send(chosen.pieces[sent++]);
+    }
+    if (chosen.reading != Answer::Reading::head) {
+        readBody(connection, *request, bytes);
     }
     {
         const std::lock_guard lock(mutex_);
@@ -308,16 +314,20 @@ void ScriptedService::serveConnection(int socket) {
     }
 
     bool open = true;
-    for (std::size_t i = 0; i < chosen.pieces.size() && open; ++i) {
-        if (i > 0 && chosen.pause.count() > 0) {
+    for (; sent < chosen.pieces.size() && open; ++sent) {
+        if (sent > 0 && chosen.pause.count() > 0) {
             connection.wait(0, static_cast<int>(chosen.pause.count()));
         }
-        open = connection.send(chosen.pieces[i]);
+        open = connection.send(chosen.pieces[sent]);
     }
     if (chosen.ending == Answer::Ending::reset) {
         connection.reset();
     }
-    if (chosen.ending != Answer::Ending::leaveOpen || chosen.reading == Answer::Reading::head) {
+    if (chosen.ending != Answer::Ending::leaveOpen) {
+        return;
+    }
+    if (chosen.reading == Answer::Reading::head) {
+        connection.wait(POLLRDHUP);
         return;
     }
     while (connection.receive(bytes)) {

@@ -16,7 +16,12 @@ inline constexpr std::uint16_t applicationPort = 44360;
 
 /// What the service does with one request: how much of it is read, what is sent, how the connection ends.
 struct Answer {
-    enum class Reading { all, head, nothing };
+    enum class Reading {
+        all,
+        head,
+        nothing,
+        rest, ///< The head, then the first piece is sent, then the rest is read, then the other pieces are sent.
+    };
     enum class Ending {
         leaveOpen, ///< The client closes, as with a connection that is kept alive.
         close,
@@ -48,8 +53,9 @@ Answer dribbledAnswer(std::vector<std::string> pieces, std::chrono::milliseconds
 Answer stall();
 /// Accepts the connection and never reads from it.
 Answer deafness();
-/// A whole answer as soon as the head of the request is in; then closes and leaves the rest unread.
-Answer earlyAnswer(int status, std::string body);
+/// The pieces as soon as the head of the request is in. Unless `reading` says otherwise, the rest is left unread.
+Answer earlyAnswer(std::vector<std::string> pieces, Answer::Ending ending,
+                   Answer::Reading reading = Answer::Reading::head, std::chrono::milliseconds pause = {});
 
 /// A request as it came.
 struct RecordedRequest {

@@ -2,12 +2,13 @@
 #include <cstdlib>
 #include <fstream>
 #include <optional>
+#include <sstream>
+#include <system_error>
 
 #include <netinet/in.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "platform/HttpClient.h"
@@ -15,414 +16,326 @@
 #include "support/TestNetwork.h"
 
 using namespace std::chrono_literals;
-using platform::HttpFailure;
+using namespace testsupport;
 using platform::HttpRequest;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testsupport::answer;
-using testsupport::Answer;
-using testsupport::applicationPort;
-using testsupport::cutAnswer;
-using testsupport::Headers;
-using testsupport::rawAnswer;
-using testsupport::ScriptedService;
+using std::chrono::milliseconds;
+using Clock = std::chrono::steady_clock;
+using Ending = Answer::Ending;
+using Families = ScriptedService::Families;
+using Reading = Answer::Reading;
 
 namespace {
 
-HttpRequest get(std::string target, std::string_view host = "localhost", double idleTimeout = 10) {
+HttpRequest get(std::string target, std::string_view host = "localhost", milliseconds idleTimeout = 10s) {
     return {"GET", host, applicationPort, std::move(target), {}, {}, idleTimeout};
 }
 
-HttpRequest send(std::string_view method, std::string target, std::string body, double idleTimeout = 10) {
+HttpRequest send(std::string_view method, std::string target, std::string body, milliseconds idleTimeout = 10s) {
     return {method, "localhost", applicationPort, std::move(target), std::move(body), "application/json", idleTimeout};
 }
 
-/// The status and the body, or the failure and its description.
-struct Outcome {
-    int status = 0;
-    std::string body{};
-    std::optional<HttpFailure> failure{};
-    std::string description{};
-};
+/// A large text as its size and a digest.
+std::string abbreviated(const std::string& text) {
+    return text.size() < 1000 ? text
+                              : std::to_string(text.size()) + " #" + std::to_string(std::hash<std::string>()(text));
+}
 
-Outcome outcomeOf(HttpRequest request) {
+/// "status body" or the failure's description, in front of it "passed on body | " if something went to the sink.
+std::string outcomeOf(HttpRequest request, bool withSink = false) {
+    const char* const failures[] = {"cannot connect", "timed out", "lost", "other"};
+    std::string passedOn;
+    const platform::BodySink sink = [&passedOn](std::string_view piece) { passedOn.append(piece); };
+    std::string outcome;
     try {
-        auto response = platform::sendHttpRequest(std::move(request));
-        return {response.status, std::move(response.body)};
+        const auto response = platform::sendHttpRequest(std::move(request), withSink ? sink : nullptr);
+        EXPECT_EQ(response.bodyPassedOn, !passedOn.empty());
+        outcome = std::to_string(response.status) + " " + abbreviated(response.body);
     } catch (const platform::HttpError& error) {
-        return {0, {}, error.failure(), error.what()};
+        EXPECT_STRNE(error.what(), "");
+        const bool isOther = error.failure() == platform::HttpFailure::other;
+        outcome = isOther ? error.what() : failures[static_cast<int>(error.failure())];
     }
+    return (passedOn.empty() ? "" : "passed on " + abbreviated(passedOn) + " | ") + outcome;
 }
 
-void expectAnswered(const Outcome& outcome, int status, const std::string& body) {
-    EXPECT_EQ(outcome.failure, std::nullopt) << outcome.description;
-    EXPECT_EQ(outcome.status, status);
-    EXPECT_TRUE(outcome.body == body) << outcome.body.size() << " bytes: " << outcome.body.substr(0, 200);
+/// The same for a request that is answered with `answers`.
+std::string outcomeOf(std::vector<Answer> answers, const HttpRequest& request = get("/"), bool withSink = false) {
+    const ScriptedService service(std::move(answers));
+    return outcomeOf(request, withSink);
 }
 
-void expectFailed(const Outcome& outcome, HttpFailure failure, const std::string& description = {}) {
-    EXPECT_EQ(outcome.failure, failure) << outcome.status << " " << outcome.body.substr(0, 200);
-    EXPECT_THAT(outcome.description, HasSubstr(description));
-    EXPECT_FALSE(outcome.description.empty());
+std::string outcomeOf(const Answer& answer, const HttpRequest& request = get("/"), bool withSink = false) {
+    return outcomeOf(std::vector{answer}, request, withSink);
+}
+
+std::string outcomeOf(const std::string& bytes) {
+    return outcomeOf(cutAnswer(bytes));
 }
 
 /// A text in which no two stretches are alike.
-std::string largeText(std::size_t size) {
-    std::string text;
-    text.reserve(size + 8);
-    for (std::uint32_t i = 0; text.size() < size; ++i) {
-        text += std::to_string(i * 2654435761U);
-    }
-    text.resize(size);
-    return text;
+const std::string& largeBody() {
+    static const std::string body = [] {
+        std::string text;
+        for (std::uint32_t i = 0; text.size() < 50'000'000; ++i) {
+            text += std::to_string(i * 2654435761U);
+        }
+        return text;
+    }();
+    return body;
 }
 
-/// Sets a value of the kernel's network settings and sets it back.
-class NetworkSetting {
-public:
-    NetworkSetting(std::string path, const std::string& value) : path_("/proc/sys/net/" + std::move(path)) {
-        std::getline(std::ifstream(path_) >> std::ws, old_);
-        changed_ = testsupport::networkIsOwn() && static_cast<bool>(std::ofstream(path_) << value << std::flush);
-    }
-    ~NetworkSetting() {
-        if (changed_) {
-            std::ofstream(path_) << old_;
-        }
-    }
-    NetworkSetting(const NetworkSetting&) = delete;
-    NetworkSetting& operator=(const NetworkSetting&) = delete;
-    bool isChanged() const { return changed_; }
+/// Whether the kernel's network settings could be changed.
+bool setNetwork(const char* withoutIPv6, const char* outgoingPorts) {
+    return networkIsOwn() && std::ofstream("/proc/sys/net/ipv6/conf/lo/disable_ipv6") << withoutIPv6 << std::flush &&
+           std::ofstream("/proc/sys/net/ipv4/ip_local_port_range") << outgoingPorts << std::flush;
+}
 
-private:
-    std::string path_;
-    std::string old_;
-    bool changed_ = false;
-};
+const std::string ok = "HTTP/1.1 200 OK\r\n";
+const std::string fourBytes = ok + "Content-Length: 4\r\n\r\n";
+const std::string chunked = ok + "Transfer-Encoding: chunked\r\n\r\n";
+const std::string proceed = "HTTP/1.1 100 Continue\r\n\r\n";
+const std::string refusal = "HTTP/1.1 413 Too Large\r\nContent-Length: 8\r\n\r\ntoo much";
 
-constexpr std::size_t fiftyMegabytes = 50'000'000;
+/// `body` in chunks of `size`, without the last, empty one.
+std::string chunks(const std::string& body, std::size_t size) {
+    std::ostringstream text;
+    for (std::size_t at = 0; at < body.size(); at += size) {
+        const std::string piece = body.substr(at, size);
+        text << std::hex << piece.size() << "\r\n" << piece << "\r\n";
+    }
+    return chunked + text.str();
+}
 
 } // namespace
 
 TEST(HttpClient, sendsExactlyTheHeadersThatAreNeeded) {
-    const struct {
-        HttpRequest request;
-        std::string head;
-        std::string body;
-    } rows[] = {
-        {get("/api/a?b=%20c"), "GET /api/a?b=%20c HTTP/1.1\r\nHost: localhost:44360\r\n\r\n", ""},
-        {get("/x", "127.0.0.1"), "GET /x HTTP/1.1\r\nHost: 127.0.0.1:44360\r\n\r\n", ""},
-        {send("DELETE", "/x", "{\"a\":\"\\u0000\"}"),
-         "DELETE /x HTTP/1.1\r\nHost: localhost:44360\r\nContent-Type: application/json\r\nContent-Length: 14\r\n\r\n",
-         "{\"a\":\"\\u0000\"}"},
-        {send("POST", "/x", ""), "POST /x HTTP/1.1\r\nHost: localhost:44360\r\nContent-Type: application/json\r\n\r\n",
-         ""},
+    ::setenv("http_proxy", "http://127.0.0.1:9", 1);
+    const auto sent = [](const HttpRequest& request) {
+        const ScriptedService service({answer("ok")}, Families::ipv4);
+        EXPECT_EQ(outcomeOf(request), "200 ok");
+        return service.requests().at(0).head + service.requests().at(0).body;
     };
-    for (const auto& row : rows) {
-        const ScriptedService service({answer("ok")});
-        expectAnswered(outcomeOf(row.request), 200, "ok");
-        ASSERT_EQ(service.requests().size(), 1U);
-        EXPECT_EQ(service.requests()[0].head, row.head);
-        EXPECT_EQ(service.requests()[0].body, row.body);
-    }
-}
-
-TEST(HttpClient, findsTheServiceOnIPv4WithoutAProxy) {
-    for (const char* name : {"http_proxy", "HTTP_PROXY", "all_proxy", "ALL_PROXY"}) {
-        ::setenv(name, "http://127.0.0.1:9", 1);
-    }
-    const ScriptedService service({answer("found")}, ScriptedService::Families::ipv4);
-    expectAnswered(outcomeOf(get("/")), 200, "found");
-    for (const char* name : {"http_proxy", "HTTP_PROXY", "all_proxy", "ALL_PROXY"}) {
-        ::unsetenv(name);
-    }
+    const std::string json = "Host: localhost:44360\r\nContent-Type: application/json\r\n";
+    EXPECT_EQ(sent(get("/a?b=%20c")), "GET /a?b=%20c HTTP/1.1\r\nHost: localhost:44360\r\n\r\n");
+    EXPECT_EQ(sent(get("/", "127.0.0.1")), "GET / HTTP/1.1\r\nHost: 127.0.0.1:44360\r\n\r\n");
+    EXPECT_EQ(sent(send("PUT", "/", "[1]")), "PUT / HTTP/1.1\r\n" + json + "Content-Length: 3\r\n\r\n[1]");
+    EXPECT_EQ(sent(send("POST", "/", "")), "POST / HTTP/1.1\r\n" + json + "\r\n");
+    ::unsetenv("http_proxy");
 }
 
 TEST(HttpClient, prefersIPv6) {
-    if (!testsupport::hasIPv6()) {
+    if (!hasIPv6()) {
         GTEST_SKIP() << "loopback has no IPv6 address";
     }
-    const ScriptedService six({answer("six"), answer("literal"),
-                               answer(302, "", {{"Location", "http://[::1]:44360/b"}}), answer("redirected")},
-                              ScriptedService::Families::ipv6);
-    const ScriptedService four({}, ScriptedService::Families::ipv4);
-    expectAnswered(outcomeOf(get("/")), 200, "six");
-    expectAnswered(outcomeOf(get("/", "[::1]")), 200, "literal");
-    expectAnswered(outcomeOf(get("/")), 200, "redirected");
-    EXPECT_EQ(six.requests()[1].headers, (Headers{{"Host", "[::1]:44360"}}));
-    EXPECT_EQ(six.requests()[3].headers, (Headers{{"Host", "[::1]:44360"}}));
-}
-
-TEST(HttpClient, aLiteralAddressIsTheOnlyOneTried) {
-    const ScriptedService service({}, ScriptedService::Families::ipv4);
-    expectFailed(outcomeOf(get("/", "[::1]")), HttpFailure::cannotConnect);
-    expectFailed(outcomeOf(get("/", "127.1.2.3")), HttpFailure::cannotConnect);
-}
-
-TEST(HttpClient, cannotConnectWhenEveryAddressRefuses) {
-    for (const std::string_view host : {"localhost", "127.0.0.1", "127.1.2.3", "[::1]"}) {
-        expectFailed(outcomeOf(get("/", host)), HttpFailure::cannotConnect, "44360");
-    }
+    const ScriptedService six({answer("six"), answer(302, "", {{"Location", "http://[::1]:44360/b"}}), answer("again")},
+                              Families::ipv6);
+    const ScriptedService four({}, Families::ipv4);
+    EXPECT_EQ(outcomeOf(get("/")), "200 six");
+    EXPECT_EQ(outcomeOf(get("/", "[::1]")), "200 again");
+    EXPECT_EQ(six.requests().at(2).headers, (Headers{{"Host", "[::1]:44360"}}));
 }
 
 TEST(HttpClient, connectsToLoopbackAlone) {
+    for (const std::string_view host : {"localhost", "127.0.0.1", "127.1.2.3", "[::1]"}) {
+        EXPECT_EQ(outcomeOf(get("/", host)), "cannot connect") << host;
+    }
+    const ScriptedService service({}, Families::ipv4);
+    EXPECT_EQ(outcomeOf(get("/", "127.1.2.3")), "cannot connect");
     for (const std::string_view host : {"192.0.2.1", "example.com", "[2001:db8::1]", ""}) {
-        expectFailed(outcomeOf(get("/", host, 0.2)), HttpFailure::other, "cannot connect");
+        EXPECT_TRUE(outcomeOf(get("/", host, 200ms)).starts_with("cannot connect to " + std::string(host))) << host;
     }
 }
 
-TEST(HttpClient, doesWithoutIPv6) {
-    const NetworkSetting setting("ipv6/conf/lo/disable_ipv6", "1");
-    if (!setting.isChanged()) {
+TEST(HttpClient, doesWithoutIPv6AndNeverTakesItselfForTheService) {
+    const bool isSet = setNetwork("1", "44360 44360");
+    const std::string outcome = isSet ? outcomeOf(get("/")) : "";
+    setNetwork("0", "32768 60999");
+    if (!isSet) {
         GTEST_SKIP() << "the network's settings cannot be changed here";
     }
-    expectFailed(outcomeOf(get("/")), HttpFailure::cannotConnect);
-    const ScriptedService service({answer("four")}, ScriptedService::Families::ipv4);
-    expectAnswered(outcomeOf(get("/")), 200, "four");
-}
-
-TEST(HttpClient, neverTakesItselfForTheService) {
-    {
-        const NetworkSetting setting("ipv4/ip_local_port_range", "44360 44360");
-        if (!setting.isChanged()) {
-            GTEST_SKIP() << "the network's settings cannot be changed here";
-        }
-        expectFailed(outcomeOf(get("/")), HttpFailure::cannotConnect);
-    }
-    const ScriptedService service({answer("here")});
-    expectAnswered(outcomeOf(get("/")), 200, "here");
+    EXPECT_EQ(outcome, "cannot connect");
+    EXPECT_EQ(outcomeOf(answer("here")), "200 here");
 }
 
 TEST(HttpClient, readsEveryFormOfAnswer) {
-    const struct {
-        const char* name;
-        Answer given;
-        int status;
-        std::string body;
-    } rows[] = {
-        {"length", answer(404, "no"), 404, "no"},
-        {"empty", answer(500, ""), 500, ""},
-        {"no reason", rawAnswer("HTTP/1.1 200 \r\ncontent-length:2\r\n\r\nok"), 200, "ok"},
-        {"to the end", cutAnswer("HTTP/1.1 200 OK\r\n\r\nall of it\n"), 200, "all of it\n"},
-        {"to the end, nothing", cutAnswer("HTTP/1.1 200 OK\r\n\r\n"), 200, ""},
-        {"old version", cutAnswer("HTTP/1.0 200 OK\r\nContent-Type: text/plain\r\n\r\nold"), 200, "old"},
-        {"chunks",
-         rawAnswer("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n3;x=y\r\nabc\r\nA\r\n0123456789\r\n"
-                   "0\r\nTrailer: t\r\n\r\n"),
-         200, "abc0123456789"},
-        {"no chunk", rawAnswer("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n0\r\n\r\n"), 200, ""},
-        {"no content", rawAnswer("HTTP/1.1 204 No Content\r\n\r\n"), 204, ""},
-        {"not modified", rawAnswer("HTTP/1.1 304 Not Modified\r\nContent-Length: 9\r\n\r\n"), 304, ""},
-        {"interim",
-         rawAnswer("HTTP/1.1 100 Continue\r\n\r\nHTTP/1.1 103 Early Hints\r\nLink: x\r\n\r\n"
-                   "HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\nok"),
-         200, "ok"},
-        {"in pieces",
-         testsupport::dribbledAnswer({"HTTP/1.1 102 Pro", "cessing\r\n\r\n", "HTTP/1.1 200 O",
-                                      "K\r\nContent-Length: ", "4\r\n\r", "\no", "ka", "y"},
-                                     1ms),
-         200, "okay"},
-        {"chunks in pieces",
-         testsupport::dribbledAnswer({"HTTP/1.1 200 OK\r\nTransfer-Encoding: chu", "nked\r\n\r\n1", "0\r\n01234567",
-                                      "89abcdef\r", "\n0\r\n\r", "\n"},
-                                     1ms),
-         200, "0123456789abcdef"},
-        {"bytes", answer(std::string("\0\r\n\xff", 4)), 200, std::string("\0\r\n\xff", 4)},
-        {"large head", answer(200, "ok", {{"X", std::string(900'000, 'x')}}), 200, "ok"},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        const ScriptedService service({row.given});
-        expectAnswered(outcomeOf(get("/")), row.status, row.body);
-    }
+    EXPECT_EQ(outcomeOf(answer(404, "no")), "404 no");
+    EXPECT_EQ(outcomeOf(answer(std::string("\0\r\n\xff", 4))), "200 " + std::string("\0\r\n\xff", 4));
+    EXPECT_EQ(outcomeOf(ok + "\r\nall of it\n"), "200 all of it\n");
+    EXPECT_EQ(outcomeOf("HTTP/1.0 200 OK\r\n\r\n"), "200 ");
+    EXPECT_EQ(outcomeOf(chunked + "3;x=y\r\nabc\r\nA\r\n0123456789\r\n0\r\nTrailer: t\r\n\r\n"), "200 abc0123456789");
+    EXPECT_EQ(outcomeOf(ok + "Transfer-Encoding:\r\n Chunked \r\n\r\n0\r\n\r\n"), "200 ");
+    EXPECT_EQ(outcomeOf(rawAnswer("HTTP/1.1 204 No Content\r\n\r\n")), "204 ");
+    EXPECT_EQ(outcomeOf("HTTP/1.1 302 Found\r\nTransfer-Encoding: chunked\r\n\r\n0\r\nLocation: /\r\n\r\n"), "302 ");
+    EXPECT_EQ(outcomeOf(rawAnswer(proceed + "HTTP/1.1 103 Hints\r\nLink: x\r\n\r\n" + fourBytes + "okay")), "200 okay");
+    const std::vector<std::string> pieces{
+        "HTTP/1.1 102 Pro", "cessing\r\n\r\nHTTP/1.1 200 O",    "K\r\nTransfer-Encoding: chu",
+        "nked\r\n\r\n1",    "0\r\n0123456789abcdef\r\n0\r\n\r", "\n"};
+    EXPECT_EQ(outcomeOf(dribbledAnswer(pieces, 1ms)), "200 0123456789abcdef");
+    EXPECT_EQ(outcomeOf(answer(200, "ok", {{"X", std::string(900'000, 'x')}})), "200 ok");
 }
 
 TEST(HttpClient, tellsALostConnectionFromNonsense) {
-    const std::string ok = "HTTP/1.1 200 OK\r\n";
-    const std::string five = ok + "Content-Length: 5\r\n\r\n";
-    const std::string chunks = ok + "Transfer-Encoding: chunked\r\n\r\n";
-    const Answer lost[] = {
-        cutAnswer(""),
-        testsupport::resetAnswer(),
-        cutAnswer("HTTP/1.1 20"),
-        cutAnswer(ok + "Content-"),
-        cutAnswer("HTTP/1.1 100 Continue\r\n\r\n"),
-        cutAnswer(five),
-        cutAnswer(five + "1234"),
-        cutAnswer(ok + "Content-Length: 9000000000000000000\r\n\r\nx"),
-        testsupport::resetAnswer(five + "1234"),
-        testsupport::resetAnswer(ok + "\r\nabc"),
-        cutAnswer(chunks + "5\r\nabc"),
-        cutAnswer(chunks + "3\r\nabc\r\n"),
-    };
-    for (const Answer& given : lost) {
-        SCOPED_TRACE(testing::PrintToString(given.pieces));
-        const ScriptedService service({given});
-        expectFailed(outcomeOf(get("/")), HttpFailure::connectionLost);
+    for (const std::string& bytes :
+         {std::string(), std::string("HTTP/1.1 20"), ok + "Content-", proceed, fourBytes + "123", chunked + "5\r\nabc",
+          ok + "Content-Length: 9000000000000000000\r\n\r\nx", chunked + "3\r\nabc\r\n"}) {
+        EXPECT_EQ(outcomeOf(bytes), "lost") << bytes;
+        EXPECT_EQ(outcomeOf(resetAnswer(bytes)), "lost") << bytes;
     }
-    const std::pair<Answer, std::string> nonsense[] = {
-        {cutAnswer("SSH-2.0-server\r\n"), "not valid HTTP (bad version)"},
-        {cutAnswer("no"), "not valid HTTP"},
-        {rawAnswer("hello there, who is it?"), "not valid HTTP"},
-        {rawAnswer("HTTP/2.0 200 OK\r\n\r\n"), "not valid HTTP (bad version)"},
-        {rawAnswer("HTTP/1.1 abc OK\r\n\r\n"), "not valid HTTP (bad status)"},
-        {rawAnswer(ok + "what is this\r\n\r\n"), "not valid HTTP (bad"},
-        {rawAnswer(ok + "Content-Length: x\r\n\r\n"), "not valid HTTP (bad Content-Length)"},
-        {rawAnswer(chunks + "xyz\r\n"), "not valid HTTP (bad chunk)"},
-        {rawAnswer(ok + "X: " + std::string(1'200'000, 'x')), "the head of the answer is too large"},
-    };
-    for (const auto& [given, description] : nonsense) {
-        SCOPED_TRACE(description);
-        const ScriptedService service({given});
-        expectFailed(outcomeOf(get("/")), HttpFailure::other, description);
-    }
+    EXPECT_EQ(outcomeOf(resetAnswer("HTTP/1.1 500 No\r\n\r\nabc")), "lost");
+    const auto noHttp = [](const std::string& why) { return "the answer is not valid HTTP (bad " + why + ")"; };
+    const std::string badCoding = noHttp("Transfer-Encoding");
+    EXPECT_EQ(outcomeOf("SSH-2.0-server\r\n"), noHttp("version"));
+    EXPECT_EQ(outcomeOf("no"), noHttp("version"));
+    EXPECT_EQ(outcomeOf("HTTP/1.1 099 OK\r\n\r\n"), noHttp("status"));
+    EXPECT_EQ(outcomeOf("HTTP/1.1 101 Switching\r\nUpgrade: x\r\n\r\n"), noHttp("status"));
+    EXPECT_EQ(outcomeOf(ok + "Transfer-Encoding: gzip\r\n\r\n"), badCoding);
+    EXPECT_EQ(outcomeOf(ok + "Transfer-Encoding: gzip, chunked\r\n\r\n0\r\n\r\n"), badCoding);
+    EXPECT_EQ(outcomeOf(ok + "Transfer-Encoding: gzip\r\nTransfer-Encoding: chunked\r\n\r\n0\r\n\r\n"), badCoding);
+    EXPECT_EQ(outcomeOf(ok + "Content-Length: 0\r\nTransfer-Encoding: chunked\r\n\r\n0\r\n\r\n"), badCoding);
+    EXPECT_EQ(outcomeOf(ok + "Content-Length: 2\r\nContent-Length: 3\r\n\r\nabc"),
+              "the answer is not valid HTTP (multiple Content-Length)");
+    EXPECT_EQ(outcomeOf(ok + "X: " + std::string(1'200'000, 'x')), "the head of the answer is too large");
+    EXPECT_EQ(outcomeOf(chunked + "1;" + std::string(1'200'000, 'x')), "the head of the answer is too large");
 }
 
 TEST(HttpClient, givesUpWhenNothingMoves) {
-    const Answer rows[] = {
-        testsupport::stall(),
-        rawAnswer("HTTP/1.1 200 OK\r\nContent-"),
-        rawAnswer("HTTP/1.1 100 Continue\r\n\r\n"),
-        rawAnswer("HTTP/1.1 200 OK\r\nContent-Length: 5\r\n\r\n1234"),
-        rawAnswer("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n3\r\nabc\r\n"),
-        rawAnswer("HTTP/1.1 200 OK\r\n\r\nno end"),
-    };
-    for (const Answer& given : rows) {
-        const ScriptedService service({given});
-        const auto start = std::chrono::steady_clock::now();
-        expectFailed(outcomeOf(get("/", "localhost", 0.15)), HttpFailure::timedOut);
-        EXPECT_GE(std::chrono::steady_clock::now() - start, 150ms);
-        EXPECT_LT(std::chrono::steady_clock::now() - start, 5s);
+    for (const Answer& given :
+         {stall(), rawAnswer(ok + "Content-"), rawAnswer(proceed), rawAnswer(fourBytes + "123")}) {
+        const auto start = Clock::now();
+        EXPECT_EQ(outcomeOf(given, get("/", "localhost", 150ms)), "timed out");
+        EXPECT_GE(Clock::now() - start, 150ms);
+        EXPECT_LT(Clock::now() - start, 5s);
     }
+    const HttpRequest upload = send("POST", "/", largeBody(), 2s);
+    const auto start = Clock::now();
+    EXPECT_EQ(outcomeOf(deafness(), upload), "timed out");
+    EXPECT_LT(Clock::now() - start, 3900ms) << "waited for an answer as well";
 }
 
 TEST(HttpClient, givesUpOnAConnectionThatIsNotAccepted) {
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(applicationPort);
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    const auto* const place = reinterpret_cast<const sockaddr*>(&address);
+    sockaddr_in address{AF_INET, htons(applicationPort), {htonl(INADDR_LOOPBACK)}, {}};
+    const auto* const service = reinterpret_cast<const sockaddr*>(&address);
     int sockets[4];
     for (int& socket : sockets) {
         socket = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
     }
     const int on = 1;
     ::setsockopt(sockets[0], SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
-    ASSERT_EQ(::bind(sockets[0], place, sizeof address), 0);
-    ASSERT_EQ(::listen(sockets[0], 0), 0);
+    EXPECT_TRUE(::bind(sockets[0], service, sizeof address) == 0 && ::listen(sockets[0], 0) == 0);
     for (int filler = 1; filler < 4; ++filler) {
-        ::connect(sockets[filler], place, sizeof address);
+        ::connect(sockets[filler], service, sizeof address);
     }
-    expectFailed(outcomeOf(get("/", "localhost", 0.15)), HttpFailure::timedOut);
+    EXPECT_EQ(outcomeOf(get("/", "localhost", 150ms)), "timed out");
     for (const int socket : sockets) {
         ::close(socket);
     }
 }
 
 TEST(HttpClient, waitsAsLongAsBytesMove) {
-    std::vector<std::string> pieces{"HTTP/1.1 200 OK\r\nContent-Length: 15\r\n\r\n"};
-    pieces.resize(16, ".");
-    const ScriptedService service({testsupport::dribbledAnswer(pieces, 100ms)});
-    const auto start = std::chrono::steady_clock::now();
-    expectAnswered(outcomeOf(get("/", "localhost", 1)), 200, std::string(15, '.'));
-    EXPECT_GE(std::chrono::steady_clock::now() - start, 1400ms);
-}
-
-TEST(HttpClient, givesUpOnARequestThatIsNotTaken) {
-    const ScriptedService service({testsupport::deafness()});
-    const auto start = std::chrono::steady_clock::now();
-    expectFailed(outcomeOf(send("POST", "/", std::string(fiftyMegabytes, 'x'), 2)), HttpFailure::timedOut);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, 3900ms) << "waited for an answer as well";
+    const auto slow = dribbledAnswer({ok, "Content-", "Length: 4\r\n\r\n", "1", "2", "3", "4"}, 150ms);
+    EXPECT_EQ(outcomeOf(slow, get("/", "localhost", 600ms)), "200 1234");
 }
 
 TEST(HttpClient, movesLargeBodiesUnchanged) {
-    const std::string body = largeText(fiftyMegabytes);
-    const ScriptedService service({answer(body), cutAnswer("HTTP/1.1 200 OK\r\n\r\n" + body)});
-    expectAnswered(outcomeOf(send("PUT", "/up", body)), 200, body);
-    expectAnswered(outcomeOf(get("/down")), 200, body);
-    EXPECT_TRUE(service.requests()[0].body == body) << service.requests()[0].body.size();
+    const ScriptedService service({answer(largeBody()), rawAnswer(chunks(largeBody(), 700'000) + "0\r\n\r\n")});
+    EXPECT_EQ(outcomeOf(send("PUT", "/up", largeBody())), "200 " + abbreviated(largeBody()));
+    EXPECT_EQ(outcomeOf(get("/down")), "200 " + abbreviated(largeBody()));
+    EXPECT_TRUE(service.requests().at(0).body == largeBody());
 }
 
-TEST(HttpClient, hearsAServiceThatAnswersEarly) {
-    const std::string body = largeText(fiftyMegabytes);
-    Answer early = testsupport::earlyAnswer(413, "too much");
-    const ScriptedService service({early, {{}, Answer::Ending::close, Answer::Reading::head}});
-    expectAnswered(outcomeOf(send("POST", "/", body)), 413, "too much");
-    expectFailed(outcomeOf(send("POST", "/", body)), HttpFailure::connectionLost);
+TEST(HttpClient, hearsAnAnswerWhileItSends) {
+    const auto heard = [](std::vector<std::string> pieces, Ending ending) {
+        const auto start = Clock::now();
+        const auto given = earlyAnswer(std::move(pieces), ending, Reading::head, 20ms);
+        const std::string outcome = outcomeOf(given, send("POST", "/", largeBody()));
+        return Clock::now() - start < 5s ? outcome : "late " + outcome;
+    };
+    EXPECT_EQ(heard({refusal}, Ending::leaveOpen), "413 too much");
+    EXPECT_EQ(heard({refusal}, Ending::close), "413 too much");
+    EXPECT_EQ(heard({refusal}, Ending::reset), "413 too much");
+    EXPECT_EQ(heard({"HTTP/1.0 413 No\r\n\r\nends with a reset"}, Ending::close), "413 ends with a reset");
+    EXPECT_EQ(heard({"HTTP/1.1 413 ", "Too Large\r\nContent-Le", "ngth: 2\r\n\r\nn", "o"}, Ending::leaveOpen),
+              "413 no");
+    EXPECT_EQ(heard({proceed + refusal}, Ending::leaveOpen), "413 too much");
+    EXPECT_EQ(heard({fourBytes + "done"}, Ending::leaveOpen), "200 done");
+    EXPECT_EQ(heard({fourBytes + "done"}, Ending::close), "200 done");
+    EXPECT_EQ(heard({ok + "\r\nhalf"}, Ending::close), "lost");
+    EXPECT_EQ(heard({}, Ending::close), "lost");
+}
+
+TEST(HttpClient, sendsTheRestUnlessItIsRefused) {
+    const auto uploaded = [](std::vector<std::string> pieces) {
+        const auto given = earlyAnswer(std::move(pieces), Ending::leaveOpen, Reading::rest);
+        const ScriptedService service({given, answer("next")});
+        const std::string outcome = outcomeOf(send("POST", "/", largeBody()));
+        EXPECT_EQ(outcomeOf(get("/next")), "200 next"); // what came before is recorded then
+        return outcome + (service.requests().at(0).body == largeBody() ? ", all sent" : ", not all sent");
+    };
+    EXPECT_EQ(uploaded({proceed, fourBytes + "done"}), "200 done, all sent");
+    EXPECT_EQ(uploaded({fourBytes + "do", "ne"}), "200 done, all sent");
+    EXPECT_EQ(uploaded({fourBytes + "done"}), "200 done, all sent");
+    EXPECT_EQ(uploaded({refusal}), "413 too much, not all sent");
+}
+
+TEST(HttpClient, passesALongBodyOn) {
+    const std::string longBody = largeBody().substr(0, platform::passOnThreshold + 1);
+    const std::string shortBody = longBody.substr(1);
+    const std::string end = "0\r\n\r\n";
+    const std::string passedOn = "passed on " + abbreviated(longBody) + " | ";
+    const auto outcome = [](const Answer& given) { return outcomeOf(given, get("/"), true); };
+    EXPECT_EQ(outcome(answer(201, longBody)), passedOn + "201 ");
+    EXPECT_EQ(outcome(rawAnswer(chunks(longBody, 999) + end)), passedOn + "200 ");
+    EXPECT_EQ(outcome(rawAnswer(chunks(largeBody(), 40'000) + end)),
+              "passed on " + abbreviated(largeBody()) + " | 200 ");
+    EXPECT_EQ(outcome(cutAnswer(ok + "\r\n" + longBody)), passedOn + "200 ");
+    EXPECT_EQ(outcome(answer(shortBody)), "200 " + abbreviated(shortBody));
+    EXPECT_EQ(outcome(rawAnswer(chunks(shortBody, 999) + end)), "200 " + abbreviated(shortBody));
+    EXPECT_EQ(outcome(answer(302, longBody)), "302 " + abbreviated(longBody));
+    EXPECT_EQ(outcome(answer(500, longBody)), "500 " + abbreviated(longBody));
+    EXPECT_EQ(outcome(cutAnswer(ok + "Content-Length: 5000000\r\n\r\nabc")), "passed on abc | lost");
+    EXPECT_EQ(outcome(cutAnswer(chunks(longBody, 999))), passedOn + "lost");
+    EXPECT_EQ(outcome(cutAnswer(chunks(shortBody, 999))), "lost");
+    const ScriptedService service({answer(longBody)});
+    const auto fail = [](std::string_view) { throw std::system_error(ENOSPC, std::generic_category()); };
+    EXPECT_THROW(platform::sendHttpRequest(get("/"), fail), std::system_error);
 }
 
 TEST(HttpClient, followsRedirects) {
-    const struct {
-        const char* method;
-        int status;
-        const char* location;
-        const char* request; ///< The second.
-    } rows[] = {
-        {"GET", 301, "/b?c=d", "GET /b?c=d"},
-        {"POST", 301, "/b", "GET /b"},
-        {"POST", 302, "/b", "GET /b"},
-        {"PUT", 302, "/b", "PUT /b\nbody"},
-        {"PUT", 303, "/b", "GET /b"},
-        {"POST", 307, "/b", "POST /b\nbody"},
-        {"POST", 308, "/b", "POST /b\nbody"},
-        {"GET", 302, "c/../d#e", "GET /a/d"},
-        {"GET", 302, "?q", "GET /a/x?q"},
-        {"GET", 302, "http://localhost:44360", "GET /"},
-        {"GET", 302, "HTTP://LocalHost:44360/%C3%A4", "GET /%C3%A4"},
-        {"GET", 302, "http://127.0.0.1:44360?q", "GET /?q"},
-        {"GET", 302, "//[::1]:44360/../b/./c/..", "GET /b/"},
+    const auto redirected = [](const std::string& method, int status, const char* location) {
+        const ScriptedService service({answer(status, "moved", {{"Location", location}}), answer("there")});
+        EXPECT_EQ(outcomeOf(method == "GET" ? get("/a/x") : send(method, "/a/x", "body")), "200 there");
+        const RecordedRequest last = service.requests().back();
+        return last.text() + (last.headers.size() == 1 ? "" : " and more headers");
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(std::string(row.method) + " " + std::to_string(row.status) + " " + row.location);
-        const bool hasBody = std::string_view(row.method) != "GET";
-        const ScriptedService service({answer(row.status, "moved", {{"Location", row.location}}), answer("there")});
-        expectAnswered(outcomeOf(hasBody ? send(row.method, "/a/x", "body") : get("/a/x")), 200, "there");
-        ASSERT_EQ(service.requests().size(), 2U);
-        EXPECT_EQ(service.requests()[1].text(), row.request);
-        const bool keepsBody = std::string_view(row.request).ends_with("body");
-        EXPECT_EQ(service.requests()[1].headers.size(), keepsBody ? 3U : 1U);
-    }
+    EXPECT_EQ(redirected("GET", 301, "/b?c=d"), "GET /b?c=d");
+    EXPECT_EQ(redirected("POST", 301, "/b"), "GET /b");
+    EXPECT_EQ(redirected("POST", 302, "/b"), "GET /b");
+    EXPECT_EQ(redirected("PUT", 302, "/b"), "PUT /b\nbody and more headers");
+    EXPECT_EQ(redirected("PUT", 303, "/b"), "GET /b");
+    EXPECT_EQ(redirected("POST", 307, "/b"), "POST /b\nbody and more headers");
+    EXPECT_EQ(redirected("POST", 308, "/b"), "POST /b\nbody and more headers");
+
+    std::vector<Answer> answers(17, answer(302, "", {{"Location", "/again"}}));
+    EXPECT_EQ(outcomeOf(answers), "too many redirects");
+    answers.back() = answer("at last");
+    EXPECT_EQ(outcomeOf(answers), "200 at last");
 }
 
 TEST(HttpClient, namesTheHostItWasRedirectedTo) {
     const ScriptedService first({answer(302, "", {{"Location", "http://127.0.0.1/b"}})});
-    const ScriptedService second({answer("there")}, ScriptedService::Families::ipv4, 80);
-    expectAnswered(outcomeOf(get("/")), 200, "there");
-    EXPECT_EQ(second.requests()[0].headers, (Headers{{"Host", "127.0.0.1"}}));
+    std::optional<ScriptedService> second;
+    try {
+        second.emplace(std::vector{answer("there")}, Families::ipv4, std::uint16_t{80});
+    } catch (const std::system_error& error) {
+        outcomeOf(get("/")); // an answer that nobody asks for is a fault
+        GTEST_SKIP() << "port 80: " << error.what();
+    }
+    EXPECT_EQ(outcomeOf(get("/")), "200 there");
+    EXPECT_EQ(second->requests().at(0).headers, (Headers{{"Host", "127.0.0.1"}}));
 }
 
-TEST(HttpClient, doesNotFollowRedirectsAnywhereElse) {
-    const char* locations[] = {"https://localhost:44360/b",
-                               "http://example.com/",
-                               "http://127.example.com/",
-                               "//192.0.2.1/b",
-                               "ftp://localhost/b",
-                               "http://localhost:99999/",
-                               "http://[::2]:44360/",
-                               "http://a b/",
-                               "mailto:a@b",
-                               "http:/b",
-                               "http://user@127.0.0.1:44360/b",
-                               "http://127.0.0.256:44360/b",
-                               "http://localhost:0/b",
-                               "http://localhost.example/"};
-    for (const char* location : locations) {
-        SCOPED_TRACE(location);
-        const ScriptedService service({answer(302, "moved", {{"Location", location}})});
-        expectAnswered(outcomeOf(get("/")), 302, "moved");
-    }
-    const ScriptedService service({answer(302, "nowhere"), answer(300, "many", {{"Location", "/b"}})});
-    expectAnswered(outcomeOf(get("/")), 302, "nowhere");
-    expectAnswered(outcomeOf(get("/")), 300, "many");
-}
-
-TEST(HttpClient, followsSixteenRedirectsAtMost) {
-    std::vector<Answer> answers(16, answer(302, "", {{"Location", "/again"}}));
-    answers.push_back(answer("at last"));
-    {
-        const ScriptedService service(answers);
-        expectAnswered(outcomeOf(get("/")), 200, "at last");
-    }
-    answers.back() = answers.front();
-    const ScriptedService endless(answers);
-    expectFailed(outcomeOf(get("/")), HttpFailure::other, "too many redirects");
+TEST(HttpClient, returnsARedirectThatItMayNotFollow) {
+    EXPECT_EQ(outcomeOf(answer(302, "moved", {{"Location", "https://localhost:44360/b"}})), "302 moved");
+    EXPECT_EQ(outcomeOf(answer(302, "nowhere")), "302 nowhere");
+    EXPECT_EQ(outcomeOf(answer(300, "many", {{"Location", "/b"}})), "300 many");
 }
