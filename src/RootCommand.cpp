@@ -1,5 +1,6 @@
 #include "RootCommand.h"
 
+#include "Version.h"
 #include "core/CommandModel.h"
 #include "extras/Extras.h"
 #include "library/Library.h"
@@ -14,7 +15,7 @@ struct OrvaneCLI final : ParsableCommand {
         return {
             .commandName = "orvane-cli",
             .abstract = "Orvane CLI — access your personal context library from external agents.",
-            .version = "0.4.0",
+            .version = orvaneVersion,
             .ungroupedSubcommands =
                 {
                     statusCommand(), whoamiCommand(),      checkInCommand(), profileCommand(),      searchCommand(),

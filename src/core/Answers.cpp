@@ -6,7 +6,9 @@ namespace orvane {
 
 namespace {
 
-void passOn(const ServiceReply& reply) {
+void passOn(ServiceRequest request) {
+    const ServiceReply reply =
+        sendServiceRequest(std::move(request), [](std::string_view piece) { platform::writeStandardOutput(piece); });
     failOnErrorStatus(reply);
     printRawResponse(reply.data);
 }
@@ -18,15 +20,15 @@ void printRawResponse(std::string_view data) {
 }
 
 void passOnGet(std::string path, std::chrono::seconds timeout) {
-    passOn(serviceGet(std::move(path), timeout));
+    passOn({.method = "GET", .path = std::move(path), .timeout = timeout});
 }
 
 void passOnPostJSON(std::string path, JsonBody body, std::chrono::seconds timeout) {
-    passOn(servicePostJSON(std::move(path), std::move(body), timeout));
+    passOn({.method = "POST", .path = std::move(path), .json = std::move(body).finish(), .timeout = timeout});
 }
 
 void passOnDelete(std::string path, std::chrono::seconds timeout) {
-    passOn({serviceDelete(std::move(path), timeout), std::nullopt});
+    passOn({.method = "DELETE", .path = std::move(path), .timeout = timeout});
 }
 
 } // namespace orvane

@@ -2,7 +2,6 @@
 
 #include "core/CLIError.h"
 #include "core/Style.h"
-#include "platform/HttpClient.h"
 #include "platform/Json.h"
 #include "platform/Streams.h"
 #include "platform/TerminalText.h"
@@ -48,7 +47,7 @@ std::string errorText(std::string_view data) {
 
 } // namespace
 
-ServiceReply sendServiceRequest(ServiceRequest request) {
+ServiceReply sendServiceRequest(ServiceRequest request, const platform::BodySink& sink) {
     platform::HttpRequest http;
     http.method = request.method;
     http.host = localServiceHost;
@@ -60,7 +59,7 @@ ServiceReply sendServiceRequest(ServiceRequest request) {
         http.contentType = "application/json";
     }
     try {
-        platform::HttpResponse response = platform::sendHttpRequest(std::move(http));
+        platform::HttpResponse response = platform::sendHttpRequest(std::move(http), sink);
         return {std::move(response.body), response.status};
     } catch (const platform::HttpError& error) {
         throw clientError(error);

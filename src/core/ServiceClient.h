@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "core/JsonBody.h"
+#include "platform/HttpClient.h"
 
 namespace orvane {
 
@@ -25,8 +26,9 @@ struct ServiceRequest {
     std::chrono::seconds timeout = standardTimeout;
 };
 
-/// The one round trip under all operations below. Throws CLIError.
-ServiceReply sendServiceRequest(ServiceRequest request);
+/// The one round trip under all operations below. With a `sink`, a successful answer above 4 MB goes there while it
+/// comes in, and `data` is empty. Throws CLIError, and what `sink` throws.
+ServiceReply sendServiceRequest(ServiceRequest request, const platform::BodySink& sink = {});
 
 /// These leave the status to the caller, who calls failOnErrorStatus. Throw CLIError.
 ServiceReply serviceGet(std::string path, std::chrono::seconds timeout = standardTimeout);
