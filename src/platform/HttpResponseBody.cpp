@@ -16,7 +16,7 @@ constexpr std::size_t largeBody = std::size_t{1} << 20U;
 constexpr std::size_t unannouncedReserve = std::size_t{1} << 30U;
 constexpr std::uint64_t announcedReserveLimit = std::uint64_t{16} << 30U;
 constexpr std::size_t preparedStep = std::size_t{256} << 10U;
-constexpr std::size_t smallPiece = 16384;
+constexpr std::size_t smallPiece = 32768;
 constexpr std::size_t pendingLimit = 65536;
 
 /// Address space alone costs nothing. Where there is not enough of it, the text grows as it goes.
