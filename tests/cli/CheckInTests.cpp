@@ -4,7 +4,7 @@ using namespace testsupport;
 
 namespace {
 
-const Words hook{"check-in", "--hook"};
+const Words hook = "check-in --hook";
 const std::string request = "GET /api/check-in?recentLimit=10";
 
 /// An answer and the briefing that an agent gets, as the inside of a JSON text.
@@ -18,16 +18,16 @@ Reply briefed(std::string body, const std::string& briefing, Location where = Lo
 
 TEST(CheckIn, PrintsTheAnswerUnchanged) {
     expectRequests({
-        requestRow({"check-in"}, request),
-        requestRow({"check-in", "--recent-limit=25"}, "GET /api/check-in?recentLimit=25"),
-        row({"check-in", "--recent-limit", "1"}, "GET /api/check-in?recentLimit=1", "not JSON", "not JSON\n"),
+        requestRow("check-in", request),
+        requestRow("check-in --recent-limit=25", "GET /api/check-in?recentLimit=25"),
+        row("check-in --recent-limit 1", "GET /api/check-in?recentLimit=1", "not JSON", "not JSON\n"),
     });
 }
 
 TEST(CheckIn, ChecksItsLimitBeforeAnythingElse) {
     const std::string message = "recent-limit must be between 1 and 25.";
-    expectRefused({"check-in", "--recent-limit", "26"}, message);
-    expectRefused({"check-in", "--recent-limit", "0", "--hook"}, message);
+    expectRefused("check-in --recent-limit 26", message);
+    expectRefused("check-in --recent-limit 0 --hook", message);
 }
 
 TEST(CheckIn, RendersTheBriefing) {

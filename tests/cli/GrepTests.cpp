@@ -5,37 +5,35 @@ using namespace testsupport;
 namespace {
 
 CommandRow queryRow(const Words& options, const std::string& query, Location where = Location::current()) {
-    return row(with({"grep"}, options), "GET /api/nodes/search?" + query + "&cliVerb=grep", R"({"results":[]})", "",
+    return row(with("grep", options), "GET /api/nodes/search?" + query + "&cliVerb=grep", R"({"results":[]})", "",
                where);
 }
 
 void expectResults(const std::vector<Reply>& replies, const ToolSetting& setting = {}) {
-    expectReplies({"grep", "x"}, "GET /api/nodes/search?q=x&limit=10&cliVerb=grep", replies, setting);
+    expectReplies("grep x", "GET /api/nodes/search?q=x&limit=10&cliVerb=grep", replies, setting);
 }
 
 TEST(Grep, SendsWhatIsGiven) {
-    CommandRow inDirectory =
-        queryRow({"x", "--repo", ".,../y", "--repo", "~/z"}, "q=x&limit=10&repos=/usr/lib,/usr/y,/home/me/z");
+    CommandRow inDirectory = queryRow("x --repo .,../y --repo ~/z", "q=x&limit=10&repos=/usr/lib,/usr/y,/home/me/z");
     inDirectory.setting.directory = "/usr/lib";
     inDirectory.setting.environment["HOME"] = "/home/me";
     expectRequests({
         queryRow({"", "--repo", ","}, "q=&limit=10"),
-        queryRow({"x", "--repo", "a,b", "--repo", ",c", "--limit=1"}, "q=x&limit=1&repos=a,b,c"),
+        queryRow("x --repo a,b --repo ,c --limit=1", "q=x&limit=1&repos=a,b,c"),
         inDirectory,
-        queryRow({"-F", "a b",     id,    "--type",   "all",   "--since",     "s",    "--until",
-                  "u",  "--limit", "500", "--sender", "1",     "--recipient", "2",    "--to",
-                  "3",  "--cc",    "4",   "--bcc",    "5",     "--subject",   "6",    "--page-token",
-                  "t=", "--owner", "me",  "--repo",   "h/o/r", "--initiated", "agent"},
+        queryRow(with({"-F", "a b", id},
+                      "--type all --since s --until u --limit 500 --sender 1 --recipient 2 --to 3 --cc 4 --bcc 5 "
+                      "--subject 6 --page-token t= --owner me --repo h/o/r --initiated agent"),
                  "q=a%20b&limit=500&sender=1&recipient=2&to=3&cc=4&bcc=5&subject=6&pageToken=t%3D&parentId=" + id +
                      "&kind=all&since=s&until=u&owner=me&literal=true&repos=h/o/r&initiated=agent"),
-        requestRow({"grep", "x", "--json"}, "GET /api/nodes/search?q=x&limit=10&cliVerb=grep"),
+        requestRow("grep x --json", "GET /api/nodes/search?q=x&limit=10&cliVerb=grep"),
     });
 }
 
 TEST(Grep, ChecksItsInputInOrder) {
-    expectRefused({"grep", "x", "grp_1", "--limit", "0"}, "scope must be a UUID.");
-    expectRefused({"grep", "x", "--limit", "0"}, "limit must be between 1 and 500.");
-    expectRefused({"grep", "x", id, "--limit", "501"}, "limit must be between 1 and 500.");
+    expectRefused("grep x grp_1 --limit 0", "scope must be a UUID.");
+    expectRefused("grep x --limit 0", "limit must be between 1 and 500.");
+    expectRefused("grep x " + id + " --limit 501", "limit must be between 1 and 500.");
 }
 
 TEST(Grep, ShowsEachResultAsABlock) {

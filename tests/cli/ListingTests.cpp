@@ -24,30 +24,29 @@ Reply page(std::string body, std::string out, const std::string& summary, Locati
 }
 
 void expectPages(const std::vector<Reply>& replies, const ToolSetting& setting = {}) {
-    expectReplies({"ls", "--offset", "40"}, "GET /api/nodes?limit=100&offset=40&cliVerb=ls", replies, setting);
+    expectReplies("ls --offset 40", "GET /api/nodes?limit=100&offset=40&cliVerb=ls", replies, setting);
 }
 
 TEST(Listing, SendsWhatIsGiven) {
-    const Words filters{"--type", "skill", "--since", "2024-01-01", "--until",  "x y", "--owner",     "team",
-                        "--name", "Ä",     "--limit", "500",        "--offset", "7",   "--initiated", "automation"};
-    const Words email{"--sender", "s", "--recipient", "r", "--to", "t", "--cc", "c", "--bcc", "b", "--subject", "re:"};
+    const Words filters("--type skill --since 2024-01-01 --until u&u --owner team --name Ä --limit 500 --offset 7 "
+                        "--initiated automation");
+    const Words email = "--sender s --recipient r --to t --cc c --bcc b --subject re:";
     const std::string filterQuery =
-        "kind=skill&since=2024-01-01&until=x%20y&owner=team&name=%C3%84&initiated=automation";
+        "kind=skill&since=2024-01-01&until=u%26u&owner=team&name=%C3%84&initiated=automation";
     const std::string emailQuery = "sender=s&recipient=r&to=t&cc=c&bcc=b&subject=re:";
     expectRequests({
-        emptyPageRow({"ls"}, "limit=100&offset=0&cliVerb=ls"),
-        emptyPageRow({"ls", "grp_anything", "-t", "--limit=1"},
-                     "limit=1&offset=0&parentId=grp_anything&sort=updated&cliVerb=ls"),
-        emptyPageRow(with(with({"ls", "--sort-by-time", id}, email), filters),
-                     "limit=500&offset=7&parentId=" + id + "&" + filterQuery + "&sort=updated&" + emailQuery +
-                         "&cliVerb=ls"),
-        emptyPageRow({"find", id, "--limit=1"}, "recursive=true&parentId=" + id + "&limit=1&offset=0&cliVerb=find"),
-        emptyPageRow({"find", id}, "recursive=true&parentId=" + id + "&limit=100&offset=0&cliVerb=find"),
-        emptyPageRow(with(with(with({"find"}, filters), {id}), email), "recursive=true&parentId=" + id +
-                                                                           "&limit=500&offset=7&" + filterQuery + "&" +
-                                                                           emailQuery + "&cliVerb=find"),
-        requestRow({"ls", "--json"}, "GET /api/nodes?limit=100&offset=0&cliVerb=ls"),
-        requestRow({"find", id, "--json"},
+        emptyPageRow("ls", "limit=100&offset=0&cliVerb=ls"),
+        emptyPageRow("ls grp_anything -t --limit=1", "limit=1&offset=0&parentId=grp_anything&sort=updated&cliVerb=ls"),
+        emptyPageRow(with(with("ls --sort-by-time " + id, email), filters), "limit=500&offset=7&parentId=" + id + "&" +
+                                                                                filterQuery + "&sort=updated&" +
+                                                                                emailQuery + "&cliVerb=ls"),
+        emptyPageRow("find " + id + " --limit=1", "recursive=true&parentId=" + id + "&limit=1&offset=0&cliVerb=find"),
+        emptyPageRow("find " + id, "recursive=true&parentId=" + id + "&limit=100&offset=0&cliVerb=find"),
+        emptyPageRow(with(with(with("find", filters), {id}), email), "recursive=true&parentId=" + id +
+                                                                         "&limit=500&offset=7&" + filterQuery + "&" +
+                                                                         emailQuery + "&cliVerb=find"),
+        requestRow("ls --json", "GET /api/nodes?limit=100&offset=0&cliVerb=ls"),
+        requestRow("find " + id + " --json",
                    "GET /api/nodes?recursive=true&parentId=" + id + "&limit=100&offset=0&cliVerb=find"),
     });
 }
@@ -55,15 +54,15 @@ TEST(Listing, SendsWhatIsGiven) {
 TEST(Listing, ChecksItsInputInOrder) {
     const std::string lsParent = "parent must be a UUID or a grp_ group id.";
     const std::string limit = "limit must be between 1 and 500.";
-    expectRefused({"ls", "not-a-uuid", "--limit", "0"}, lsParent);
-    expectRefused({"ls", "--limt", "3"}, lsParent);
-    expectRefused({"ls", "--limit", "501", "--offset=-1"}, limit);
-    expectRefused({"ls", "--limit", "0"}, limit);
-    expectRefused({"ls", "--offset=-1"}, "offset must be >= 0.");
-    expectRefused({"find", "grp_x", "--limit", "0"}, "parent must be a UUID.");
-    expectRefused({"find", id, "--limit", "501"}, limit);
-    expectRefused({"find", id, "--offset=-1"}, "offset must be >= 0.");
-    expectRefused({"ls", "--initiated", "me"},
+    expectRefused("ls not-a-uuid --limit 0", lsParent);
+    expectRefused("ls --limt 3", lsParent);
+    expectRefused("ls --limit 501 --offset=-1", limit);
+    expectRefused("ls --limit 0", limit);
+    expectRefused("ls --offset=-1", "offset must be >= 0.");
+    expectRefused("find grp_x --limit 0", "parent must be a UUID.");
+    expectRefused("find " + id + " --limit 501", limit);
+    expectRefused("find " + id + " --offset=-1", "offset must be >= 0.");
+    expectRefused("ls --initiated me",
                   "The value 'me' is invalid for '--initiated <initiated>'. Please provide one of 'human', 'agent' or "
                   "'automation'.",
                   "--initiated <initiated>");

@@ -10,7 +10,7 @@ const std::string folderNode = R"({"kind":"orvane_folder"})";
 /// Looks up what `id` is, then sends `request`.
 CommandRow mvRow(const Words& options, const std::string& node, const std::string& request, const std::string& reply,
                  const std::string& out, Location where = Location::current()) {
-    return {.arguments = with({"mv", id}, options),
+    return {.arguments = with("mv " + id, options),
             .answers = {answer(node), answer(reply)},
             .requests = {"GET /api/nodes/" + id + "?meta=true&cliVerb=mv", "POST /api/" + request},
             .out = out,
@@ -28,31 +28,31 @@ TEST(Mv, MovesRenamesAndUnfiles) {
               R"({"contextId":"c","name":"N"})", "renamed context \"N\"  c\n"),
         mvRow({"--name", ""}, folderNode, folder + "/rename?cliVerb=mv\n{\"name\":\"\"}",
               R"({"folderId":"f","contextId":"c","name":"N"})", "renamed folder \"N\"  f\n"),
-        mvRow({"--to", other}, contextNode, moveContext, R"({"contextId":"c","folderId":"dest"})",
+        mvRow("--to " + other, contextNode, moveContext, R"({"contextId":"c","folderId":"dest"})",
               "moved context  c  → folder dest\n"),
-        mvRow({"--to", other}, contextNode, moveContext, R"({"contextId":"c","folderId":null})",
+        mvRow("--to " + other, contextNode, moveContext, R"({"contextId":"c","folderId":null})",
               "moved context  c  → folder " + other + "\n"),
-        mvRow({"--to", other}, folderNode, moveFolder, R"({"folderId":"f","parentId":"p"})",
+        mvRow("--to " + other, folderNode, moveFolder, R"({"folderId":"f","parentId":"p"})",
               "moved folder  f  → folder p\n"),
-        mvRow({"--unfiled"}, contextNode, context + "/move?cliVerb=mv\n{\"unfiled\":true}", R"({"contextId":"c"})",
+        mvRow("--unfiled", contextNode, context + "/move?cliVerb=mv\n{\"unfiled\":true}", R"({"contextId":"c"})",
               "unfiled context  c\n"),
-        mvRow({"--unfiled"}, folderNode, toRoot, R"({"folderId":"f"})", "moved folder  f  → root\n"),
-        mvRow({"--unfiled"}, folderNode, toRoot, "7", "7\n"),
+        mvRow("--unfiled", folderNode, toRoot, R"({"folderId":"f"})", "moved folder  f  → root\n"),
+        mvRow("--unfiled", folderNode, toRoot, "7", "7\n"),
     });
-    expectServiceRefusal({"mv", id, "--unfiled"});
-    expectServiceRefusal({"mv", id, "--unfiled"}, {answer(contextNode)});
+    expectServiceRefusal("mv " + id + " --unfiled");
+    expectServiceRefusal("mv " + id + " --unfiled", {answer(contextNode)});
 }
 
 TEST(Mv, RefusesWhatItCannotMove) {
     const std::string modes = "Provide exactly one of --to <folder-id>, --name <new-name>, or --unfiled.";
-    expectRefused({"mv", "x"}, modes);
-    expectRefused({"mv", id, "--to", "x", "--unfiled"}, modes);
-    expectRefused({"mv", "x", "--to", "x"}, "--to must be a folder UUID.");
-    expectFailed({"mv", "x", "--unfiled"}, {}, "Invalid UUID: x");
-    expectFailed({"mv", id, "--unfiled"}, {answer(R"({"kind":"codex_chat"})")},
+    expectRefused("mv x", modes);
+    expectRefused("mv " + id + " --to x --unfiled", modes);
+    expectRefused("mv x --to x", "--to must be a folder UUID.");
+    expectFailed("mv x --unfiled", {}, "Invalid UUID: x");
+    expectFailed("mv " + id + " --unfiled", {answer(R"({"kind":"codex_chat"})")},
                  "Nodes of kind 'codex_chat' cannot be moved or renamed.");
     for (const char* node : {"[]", "x", "{}", R"({"kind":1})"}) {
-        expectFailed({"mv", id, "--unfiled"}, {answer(node)},
+        expectFailed("mv " + id + " --unfiled", {answer(node)},
                      "Could not determine whether " + id + " is a context or folder.");
     }
 }
@@ -60,20 +60,20 @@ TEST(Mv, RefusesWhatItCannotMove) {
 TEST(Rm, DeletesWithoutAsking) {
     const std::string context = "DELETE /api/contexts/" + id + "?cliVerb=rm";
     expectRequests({
-        row({"rm", id}, context, R"({"contextId":"c"})", "deleted context  c\n"),
-        row({"rm", id}, context, "", "\n"),
-        row({"rmdir", id}, "DELETE /api/folders/" + id + "?cliVerb=rmdir", R"({"folderId":"f"})",
+        row("rm " + id, context, R"({"contextId":"c"})", "deleted context  c\n"),
+        row("rm " + id, context, "", "\n"),
+        row("rmdir " + id, "DELETE /api/folders/" + id + "?cliVerb=rmdir", R"({"folderId":"f"})",
             "deleted folder  f\n"),
     });
-    expectFailed({"rm", "x"}, {}, "Invalid UUID: x");
-    expectFailed({"rmdir", "x"}, {}, "Invalid UUID: x");
+    expectFailed("rm x", {}, "Invalid UUID: x");
+    expectFailed("rmdir x", {}, "Invalid UUID: x");
 }
 
 /// A person who is shown a preview, types `typed`, and lets `reply` come of it.
 CommandRow deleteRow(const std::string& typed, const std::string& reply, const std::string& out,
                      const std::string& preview = R"({"message":"Gone."})", Location where = Location::current()) {
     const std::string path = " /api/transcripts/" + id;
-    return {.arguments = {"delete", id},
+    return {.arguments = "delete " + id,
             .answers = {answer(preview), answer(reply)},
             .requests = {"GET" + path + "/delete-preview", "POST" + path + "/delete\n{}"},
             .out = "Gone.\nContinue? [y/N] " + out,
@@ -118,10 +118,10 @@ TEST(Delete, ChangesNothingWithoutAYes) {
         expectRow(keepRow(Input::terminal(typed), "Gone.\nContinue? [y/N] ", "Deletion cancelled."));
     }
     expectRow(keepRow(Input::pipe("y\n"), "", "Deletion requires interactive confirmation from a terminal."));
-    expectFailed({"delete", "x"}, {}, "Invalid UUID: x");
-    expectFailed({"delete", id}, {answer("[]")}, "Invalid delete preview response.");
-    expectFailed({"delete", id}, {answer("{")}, "The data is not valid JSON: incomplete JSON.");
-    expectServiceRefusal({"delete", id});
+    expectFailed("delete x", {}, "Invalid UUID: x");
+    expectFailed("delete " + id, {answer("[]")}, "Invalid delete preview response.");
+    expectFailed("delete " + id, {answer("{")}, "The data is not valid JSON: incomplete JSON.");
+    expectServiceRefusal("delete " + id);
 }
 
 } // namespace

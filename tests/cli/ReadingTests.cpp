@@ -7,11 +7,11 @@ namespace {
 const std::string path = "GET /api/nodes/" + id;
 
 void expectCat(const std::vector<Reply>& replies, const ToolSetting& setting = {}) {
-    expectReplies({"cat", id}, path + "?full=true&cliVerb=cat", replies, setting);
+    expectReplies("cat " + id, path + "?full=true&cliVerb=cat", replies, setting);
 }
 
 void expectStat(const std::vector<Reply>& replies, const ToolSetting& setting = {}) {
-    expectReplies({"stat", id}, path + "?meta=true&cliVerb=stat", replies, setting);
+    expectReplies("stat " + id, path + "?meta=true&cliVerb=stat", replies, setting);
 }
 
 TEST(Reading, PrintsTheBareTextInAPipe) {
@@ -32,11 +32,11 @@ TEST(Reading, PrintsTheBareTextInAPipe) {
     });
     const std::string reply = R"({"read":{"content":"a"}})";
     expectRequests({
-        row({"cat", id}, path + "?full=true&cliVerb=cat", reply, "a\n"),
-        row({"head", id}, path + "?headLines=10&cliVerb=head", reply, "a\n"),
-        row({"head", "-n", "1", id}, path + "?headLines=1&cliVerb=head", reply, "a\n"),
-        row({"tail", id}, path + "?tailLines=10&cliVerb=tail", reply, "a\n"),
-        row({"tail", id, "--lines=20"}, path + "?tailLines=20&cliVerb=tail", reply, "a\n"),
+        row("cat " + id, path + "?full=true&cliVerb=cat", reply, "a\n"),
+        row("head " + id, path + "?headLines=10&cliVerb=head", reply, "a\n"),
+        row("head -n 1 " + id, path + "?headLines=1&cliVerb=head", reply, "a\n"),
+        row("tail " + id, path + "?tailLines=10&cliVerb=tail", reply, "a\n"),
+        row("tail " + id + " --lines=20", path + "?tailLines=20&cliVerb=tail", reply, "a\n"),
     });
 }
 
@@ -48,12 +48,12 @@ TEST(Reading, PassesALargeTextOn) {
 
 TEST(Reading, RefusesADirectoryBeforeAnythingIsPrinted) {
     const std::string hint = ". Use `ls` to list its contents.";
-    expectFailed({"cat", id}, {answer(R"({"name":"My\nfolder","kind":"orvane_folder","read":{"content":"a"}})")},
+    expectFailed("cat " + id, {answer(R"({"name":"My\nfolder","kind":"orvane_folder","read":{"content":"a"}})")},
                  "cat: My folder: is a directory (kind orvane_folder)" + hint);
-    expectFailed({"head", id}, {answer(R"({"isContainer":true,"kind":"orvane_context"})")},
+    expectFailed("head " + id, {answer(R"({"isContainer":true,"kind":"orvane_context"})")},
                  "head: " + id + ": is a directory (kind orvane_context)" + hint);
-    expectFailed({"tail", id}, {answer(R"({"isContainer":true,"name":"N"})")}, "tail: N: is a directory" + hint);
-    expectFailed({"cat", id}, {answer(R"({"isContainer":"no","kind":"obsidian_vault","name":"N"})")},
+    expectFailed("tail " + id, {answer(R"({"isContainer":true,"name":"N"})")}, "tail: N: is a directory" + hint);
+    expectFailed("cat " + id, {answer(R"({"isContainer":"no","kind":"obsidian_vault","name":"N"})")},
                  "cat: N: is a directory (kind obsidian_vault)" + hint);
 }
 
@@ -70,12 +70,12 @@ TEST(Reading, ShowsAHeaderAtATerminal) {
 }
 
 TEST(Reading, ChecksItsInput) {
-    expectRefused({"cat", "x"}, "Invalid UUID: x");
-    expectRefused({"stat", "grp_x"}, "Invalid UUID: grp_x");
-    expectRefused({"head", "x", "-n", "0"}, "Invalid UUID: x");
-    expectRefused({"tail", "x", "-n", "0"}, "Invalid UUID: x");
-    expectRefused({"head", id, "-n", "0"}, "lines must be greater than 0.");
-    expectRefused({"tail", id, "--lines=-1"}, "lines must be greater than 0.");
+    expectRefused("cat x", "Invalid UUID: x");
+    expectRefused("stat grp_x", "Invalid UUID: grp_x");
+    expectRefused("head x -n 0", "Invalid UUID: x");
+    expectRefused("tail x -n 0", "Invalid UUID: x");
+    expectRefused("head " + id + " -n 0", "lines must be greater than 0.");
+    expectRefused("tail " + id + " --lines=-1", "lines must be greater than 0.");
 }
 
 TEST(Stat, ShowsThePlaceInTheTreeAndTheFacts) {
@@ -108,7 +108,7 @@ TEST(Stat, ShowsThePlaceInTheTreeAndTheFacts) {
                       "\x1B[1;33m← here\x1B[0m\n\n"
                       "\x1B[2mowner\x1B[0m  \x1B[32mme\x1B[0m\n\x1B[2mtype \x1B[0m  k\n")},
                terminalSetting());
-    expectRequests({requestRow({"stat", "--json", id}, path + "?meta=true&cliVerb=stat")});
+    expectRequests({requestRow("stat --json " + id, path + "?meta=true&cliVerb=stat")});
 }
 
 } // namespace

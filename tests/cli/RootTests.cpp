@@ -6,15 +6,15 @@ using namespace testsupport;
 namespace {
 
 TEST(Root, TellsItsVersion) {
-    expectRow({.arguments = {"--version"}, .out = "0.4.0\n"});
-    expectRow({.arguments = {"ls", "--version"}, .out = "0.4.0\n"});
+    expectRow({.arguments = "--version", .out = "0.4.0\n"});
+    expectRow({.arguments = "ls --version", .out = "0.4.0\n"});
 }
 
 TEST(Root, RefusesWhatItDoesNotKnow) {
-    expectRefused({"lss"}, "Unexpected argument 'lss'");
-    expectRefused({"--json", "status"}, "Unknown option '--json'");
-    expectRefused({"--verson"}, "Unknown option '--verson'. Did you mean '--version'?");
-    expectRefused({"status", "-x"}, "Unknown option '-x'");
+    expectRefused("lss", "Unexpected argument 'lss'");
+    expectRefused("--json status", "Unknown option '--json'");
+    expectRefused("--verson", "Unknown option '--verson'. Did you mean '--version'?");
+    expectRefused("status -x", "Unknown option '-x'");
 }
 
 TEST(Root, TakesTheScreenWidthFromColumnsThenTheTerminal) {

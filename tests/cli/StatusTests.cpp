@@ -7,7 +7,7 @@ using namespace testsupport;
 namespace {
 
 void expectStatus(const std::vector<Reply>& replies, const ToolSetting& setting = {}) {
-    expectReplies({"status"}, "GET /api/status", replies, setting);
+    expectReplies("status", "GET /api/status", replies, setting);
 }
 
 TEST(StatusCommand, RendersWhatTheAnswerHolds) {
@@ -65,7 +65,7 @@ TEST(ServiceErrors, AreReportedInTheServicesWords) {
         {answer(500, "\xFF\xFE"), "Request failed."},
         {answer(599, "[1, 2] "), "[1, 2]"},
     };
-    CommandRow refused{.arguments = {"status"}, .requests = {"GET /api/status"}, .status = 1};
+    CommandRow refused{.arguments = "status", .requests = {"GET /api/status"}, .status = 1};
     for (const auto& [reply, text] : cases) {
         refused.answers = {reply};
         refused.err = "error: " + text + "\n";
@@ -83,16 +83,16 @@ TEST(ServiceErrors, OfTransportEachHaveTheirWords) {
     EXPECT_EQ(refused.out, "");
 
     const std::string interrupted = "The connection to Orvane was interrupted. Please try again.";
-    expectFailed({"whoami"}, {cutAnswer("")}, interrupted);
-    expectFailed({"whoami"}, {cutAnswer("HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\n{}")}, interrupted);
-    expectFailed({"whoami"}, {resetAnswer()}, interrupted);
-    expectFailed({"whoami"}, {cutAnswer("SSH-2.0-OpenSSH\r\n\r\n")},
+    expectFailed("whoami", {cutAnswer("")}, interrupted);
+    expectFailed("whoami", {cutAnswer("HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\n{}")}, interrupted);
+    expectFailed("whoami", {resetAnswer()}, interrupted);
+    expectFailed("whoami", {cutAnswer("SSH-2.0-OpenSSH\r\n\r\n")},
                  "Could not communicate with Orvane: the answer is not valid HTTP (bad version)");
 }
 
 TEST(ServiceErrors, NoAnswerInTimeEndsTheWait) {
     // Of all commands, this one has the shortest limit.
-    expectFailed({"check-in"}, {stall()},
+    expectFailed("check-in", {stall()},
                  "Orvane did not respond before the request timed out. It may be busy; please try again.");
 }
 

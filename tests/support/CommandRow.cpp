@@ -1,5 +1,7 @@
 #include "support/CommandRow.h"
 
+#include <sstream>
+
 #include "support/HelpScreens.h"
 
 namespace testsupport {
@@ -24,7 +26,24 @@ Headers expectedHeaders(const RecordedRequest& request) {
     return headers;
 }
 
+void expectFailure(const Words& arguments, const std::vector<Answer>& answers, const std::string& err,
+                   const ToolSetting& setting, Location where) {
+    const testing::ScopedTrace trace(where.file_name(), static_cast<int>(where.line()), commandLine(arguments));
+    const ScriptedService service(answers);
+    const ToolResult result = runTool(arguments, setting);
+    EXPECT_EQ(result.err, err);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.status, 1);
+}
+
 } // namespace
+
+Words::Words(const std::string& line) {
+    std::istringstream words(line);
+    for (std::string word; words >> word;) {
+        push_back(word);
+    }
+}
 
 CommandRow row(Words arguments, std::string request, std::string reply, std::string out, Location where) {
     return {.arguments = std::move(arguments),
@@ -114,23 +133,13 @@ void expectMissing(const Words& arguments, const std::string& input, Location wh
 
 void expectFailed(const Words& arguments, const std::vector<Answer>& answers, const std::string& message,
                   Location where) {
-    const testing::ScopedTrace trace(where.file_name(), static_cast<int>(where.line()), commandLine(arguments));
-    const ScriptedService service(answers);
-    const ToolResult result = runTool(arguments);
-    EXPECT_EQ(result.err, "Error: " + message + "\n");
-    EXPECT_EQ(result.out, "");
-    EXPECT_EQ(result.status, 1);
+    expectFailure(arguments, answers, "Error: " + message + "\n", {}, where);
 }
 
 void expectServiceRefusal(const Words& arguments, std::vector<Answer> before, const ToolSetting& setting,
                           Location where) {
-    const testing::ScopedTrace trace(where.file_name(), static_cast<int>(where.line()), commandLine(arguments));
     before.push_back(answer(400, R"({"message":"x"})"));
-    const ScriptedService service(std::move(before));
-    const ToolResult result = runTool(arguments, setting);
-    EXPECT_EQ(result.err, "error: x\n");
-    EXPECT_EQ(result.out, "");
-    EXPECT_EQ(result.status, 1);
+    expectFailure(arguments, before, "error: x\n", setting, where);
 }
 
 } // namespace testsupport

@@ -15,7 +15,13 @@
 
 namespace testsupport {
 
-using Words = std::vector<std::string>;
+/// The words of a command line. A text is split at its blanks; a list is taken as it is.
+struct Words : std::vector<std::string> {
+    using std::vector<std::string>::vector;
+    Words(const char* line) : Words(std::string(line)) {}
+    Words(const std::string& line);
+};
+
 using Location = std::source_location;
 
 /// UUIDs with digits of either case, for any command takes both and sends what it was given.
@@ -27,7 +33,7 @@ inline const std::string other = "90C192cf-d3ac-44AF-8f21-ddb66cad4a26";
 struct CommandRow {
     Words arguments{};
     std::vector<Answer> answers{};
-    Words requests{}; ///< "METHOD target", or "METHOD target\nbody".
+    std::vector<std::string> requests{}; ///< "METHOD target", or "METHOD target\nbody".
     std::string out{};
     std::string err{};
     int status = 0;

@@ -9,6 +9,7 @@
 
 #include <fcntl.h>
 #include <net/if.h>
+#include <netdb.h>
 #include <netinet/in.h>
 #include <sched.h>
 #include <sys/file.h>
@@ -92,30 +93,23 @@ void waitForLock() {
     }
 }
 
-template <class Address>
-bool canListenOn(const Address& address, int family) {
+/// Whether loopback has an address of this family and nobody serves on its port; any port will do for "0".
+bool canListenOn(int family, const std::string& port) {
+    addrinfo hints{};
+    hints.ai_family = family;
+    hints.ai_socktype = SOCK_STREAM;
+    hints.ai_flags = AI_NUMERICSERV;
+    addrinfo* loopback = nullptr;
+    if (::getaddrinfo(nullptr, port.c_str(), &hints, &loopback) != 0) {
+        return false;
+    }
     const int socket = ::socket(family, SOCK_STREAM | SOCK_CLOEXEC, 0);
     const int on = 1;
     ::setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
-    const bool can = socket >= 0 && ::bind(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+    const bool can = socket >= 0 && ::bind(socket, loopback->ai_addr, loopback->ai_addrlen) == 0;
     ::close(socket);
+    ::freeaddrinfo(loopback);
     return can;
-}
-
-bool canListenOnIPv4(std::uint16_t port) {
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(port);
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    return canListenOn(address, AF_INET);
-}
-
-bool canListenOnIPv6(std::uint16_t port) {
-    sockaddr_in6 address{};
-    address.sin6_family = AF_INET6;
-    address.sin6_port = htons(port);
-    address.sin6_addr = in6addr_loopback;
-    return canListenOn(address, AF_INET6);
 }
 
 } // namespace
@@ -129,8 +123,9 @@ void isolateNetwork() {
         return;
     }
     waitForLock();
-    if (!canListenOnIPv4(applicationPort) || (hasIPv6() && !canListenOnIPv6(applicationPort))) {
-        throw std::runtime_error("port " + std::to_string(applicationPort) +
+    const std::string port = std::to_string(applicationPort);
+    if (!canListenOn(AF_INET, port) || (hasIPv6() && !canListenOn(AF_INET6, port))) {
+        throw std::runtime_error("port " + port +
                                  " is in use, probably by the Orvane application or a sample library, and this system "
                                  "gives the tests no network of their own; end what serves there and try again");
     }
@@ -141,7 +136,7 @@ bool networkIsOwn() {
 }
 
 bool hasIPv6() {
-    return canListenOnIPv6(0);
+    return canListenOn(AF_INET6, "0");
 }
 
 } // namespace testsupport
