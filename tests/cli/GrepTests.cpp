@@ -9,8 +9,8 @@ CommandRow queryRow(const Words& options, const std::string& query, Location whe
                where);
 }
 
-void expectResults(const std::vector<Reply>& replies, const ToolSetting& setting = {}) {
-    expectReplies("grep x", "GET /api/nodes/search?q=x&limit=10&cliVerb=grep", replies, setting);
+void expectResults(const std::vector<Reply>& replies, const Output& out = {}) {
+    expectReplies("grep x", "GET /api/nodes/search?q=x&limit=10&cliVerb=grep", replies, out);
 }
 
 TEST(Grep, SendsWhatIsGiven) {
@@ -56,7 +56,7 @@ TEST(Grep, ShowsEachResultAsABlock) {
     });
     expectResults({Reply(R"({"results":[{"id":"i","kind":"k","name":"n"}]})",
                          "\x1B[36mi\x1B[0m  \x1B[2mk\x1B[0m  \x1B[32mme\x1B[0m  \x1B[1mn\x1B[0m\n    \n\n")},
-                  terminalSetting());
+                  Output::terminal());
 }
 
 TEST(Grep, TellsHowToGoOnAndWhereItStopped) {

@@ -6,12 +6,12 @@ namespace {
 
 const std::string path = "GET /api/nodes/" + id;
 
-void expectCat(const std::vector<Reply>& replies, const ToolSetting& setting = {}) {
-    expectReplies("cat " + id, path + "?full=true&cliVerb=cat", replies, setting);
+void expectCat(const std::vector<Reply>& replies, const Output& out = {}) {
+    expectReplies("cat " + id, path + "?full=true&cliVerb=cat", replies, out);
 }
 
-void expectStat(const std::vector<Reply>& replies, const ToolSetting& setting = {}) {
-    expectReplies("stat " + id, path + "?meta=true&cliVerb=stat", replies, setting);
+void expectStat(const std::vector<Reply>& replies, const Output& out = {}) {
+    expectReplies("stat " + id, path + "?meta=true&cliVerb=stat", replies, out);
 }
 
 TEST(Reading, PrintsTheBareTextInAPipe) {
@@ -66,7 +66,7 @@ TEST(Reading, ShowsAHeaderAtATerminal) {
                       std::string(99, 'n') + "…\x1B[0m\n\na\n"),
             Reply(R"({"read":1})", "\x1B[32mme\x1B[0m\n\n{\"read\":1}\n"),
         },
-        terminalSetting());
+        Output::terminal());
 }
 
 TEST(Reading, ChecksItsInput) {
@@ -107,7 +107,7 @@ TEST(Stat, ShowsThePlaceInTheTreeAndTheFacts) {
                       "\x1B[2m└─ \x1B[0m\x1B[1mn\x1B[0m  \x1B[2mk\x1B[0m   \x1B[36mi\x1B[0m  "
                       "\x1B[1;33m← here\x1B[0m\n\n"
                       "\x1B[2mowner\x1B[0m  \x1B[32mme\x1B[0m\n\x1B[2mtype \x1B[0m  k\n")},
-               terminalSetting());
+               Output::terminal());
     expectRequests({requestRow("stat --json " + id, path + "?meta=true&cliVerb=stat")});
 }
 

@@ -6,8 +6,8 @@ using namespace testsupport;
 
 namespace {
 
-void expectStatus(const std::vector<Reply>& replies, const ToolSetting& setting = {}) {
-    expectReplies("status", "GET /api/status", replies, setting);
+void expectStatus(const std::vector<Reply>& replies, const Output& out = {}) {
+    expectReplies("status", "GET /api/status", replies, out);
 }
 
 TEST(StatusCommand, RendersWhatTheAnswerHolds) {
@@ -33,7 +33,7 @@ TEST(StatusCommand, RendersWhatTheAnswerHolds) {
                         "\x1B[2mstatus  \x1B[0m  \x1B[32mok\x1B[0m\n\x1B[2maccess  \x1B[0m  \x1B[31mno\x1B[0m\n"
                         "\x1B[2muser    \x1B[0m  \x1B[31mnot signed in\x1B[0m\n"
                         "\x1B[2mingested\x1B[0m  \x1B[2mnever\x1B[0m\n\x1B[2msynced  \x1B[0m  \x1B[2mnever\x1B[0m\n")},
-                 terminalSetting());
+                 Output::terminal());
 }
 
 TEST(WhoAmICommand, RendersWhatTheAnswerHolds) {

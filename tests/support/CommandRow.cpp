@@ -68,12 +68,6 @@ CommandRow withInput(CommandRow row, Input input) {
     return row;
 }
 
-ToolSetting terminalSetting() {
-    ToolSetting setting;
-    setting.out = Output::terminal();
-    return setting;
-}
-
 Words with(Words arguments, const Words& more) {
     arguments.insert(arguments.end(), more.begin(), more.end());
     return arguments;
@@ -108,11 +102,11 @@ void expectRequests(const std::vector<CommandRow>& rows) {
 }
 
 void expectReplies(const Words& arguments, const std::string& request, const std::vector<Reply>& replies,
-                   const ToolSetting& setting) {
+                   const Output& out) {
     for (const Reply& reply : replies) {
         CommandRow whole = row(arguments, request, reply.body, reply.out, reply.where);
         whole.err = reply.err;
-        whole.setting = setting;
+        whole.setting.out = out;
         expectRow(whole);
     }
 }

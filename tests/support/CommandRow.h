@@ -52,9 +52,6 @@ CommandRow requestRow(Words arguments, std::string request, Location where = Loc
 CommandRow onTerminal(CommandRow row);
 CommandRow withInput(CommandRow row, Input input);
 
-/// The setting of a run whose standard output is a terminal.
-ToolSetting terminalSetting();
-
 /// `arguments` with `more` behind them.
 Words with(Words arguments, const Words& more);
 
@@ -77,9 +74,9 @@ struct Reply {
     Location where;
 };
 
-/// The same run, which sends `request`, with each of the answers.
+/// The same run, which sends `request` and writes to `out`, with each of the answers.
 void expectReplies(const Words& arguments, const std::string& request, const std::vector<Reply>& replies,
-                   const ToolSetting& setting = {});
+                   const Output& out = {});
 
 /// Refused before anything was sent: status 64, nothing on standard output, and on standard error exactly
 /// "Error: <message>", the usage line of the command that `arguments` run, as its help screen has it, and where to
