@@ -106,6 +106,7 @@ TEST(Delete, AsksAPersonFirst) {
                   "deleted chat \"N\"  t  1 node soft-deleted; cloud sync triggered if idle\n"),
         deleteRow(" YES \n", R"({"transcriptId":"t","deletedNodes":3})",
                   "deleted chat  t  3 nodes soft-deleted; cloud sync triggered if idle\n"),
+        deleteRow("y\n", R"({"deletedNodes":0})", "deleted chat  0 nodes soft-deleted; cloud sync triggered if idle\n"),
         deleteRow("Y\n", R"({"deletedNodes":"3"})", "deleted chat\n"),
         deleteRow("y\n", "[]", "[]\n"),
         byDefault,
