@@ -30,14 +30,18 @@ TEST_F(Editing, TeeTakesItsBodyFromAPipeOrAFile) {
                    R"({"name":"T","id":"i","cloudSyncPending":false})", "created context \"T\"  i\n", where);
     };
     const std::string large(1'000'000, 'x');
+    CommandRow notText = withInput(created("tee T", ""), Input::pipe("a\xFF"));
+    notText.err = "orvane tee: standard input is not valid UTF-8; the body was left empty.\n";
     expectRows({
         withInput(created("tee T", R"(a\r\n\n)"), Input::pipe("a\r\n\n")),
         withInput(created("tee T", large), Input::pipe(large)),
+        notText,
         withInput(created("tee T", ""), Input::pipe("")),
         withInput(created("tee T", ""), Input::terminal("typed\n")),
         withInput(created("tee T", ""), Input::closed()),
         withInput(created({"tee", "T", "--from-file", file("body", "from\tfile\n\n")}, R"(from\tfile\n)"),
                   Input::pipe("no")),
+        created("tee T --from-file " + file("\xFF", "x"), "x"),
         row("tee --folder " + id + " T --sources " + id + " " + other + " --emoji X --sources " + id,
             post + R"({"title":"T","markdown":"","emoji":"X","folderId":")" + id + R"(","sources":[")" + id + "\",\"" +
                 other + "\",\"" + id + R"("]})",

@@ -51,6 +51,8 @@ TEST(Mv, RefusesWhatItCannotMove) {
     expectFailed("mv x --unfiled", {}, "Invalid UUID: x");
     expectFailed("mv " + id + " --unfiled", {answer(R"({"kind":"codex_chat"})")},
                  "Nodes of kind 'codex_chat' cannot be moved or renamed.");
+    expectFailed("mv " + id + " --unfiled", {answer(R"({"kind":"a\r\nb\tc\u0000d"})")},
+                 std::string("Nodes of kind 'a  b c\0d' cannot be moved or renamed.", 52));
     for (const char* node : {"[]", "x", "{}", R"({"kind":1})"}) {
         expectFailed("mv " + id + " --unfiled", {answer(node)},
                      "Could not determine whether " + id + " is a context or folder.");

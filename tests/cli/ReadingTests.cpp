@@ -55,6 +55,8 @@ TEST(Reading, RefusesADirectoryBeforeAnythingIsPrinted) {
     expectFailed("tail " + id, {answer(R"({"isContainer":true,"name":"N"})")}, "tail: N: is a directory" + hint);
     expectFailed("cat " + id, {answer(R"({"isContainer":"no","kind":"obsidian_vault","name":"N"})")},
                  "cat: N: is a directory (kind obsidian_vault)" + hint);
+    expectFailed("cat " + id, {answer(R"({"isContainer":true,"name":"N\r\n\tM\u0000x","kind":"k\n\u0000l\tm\rn"})")},
+                 std::string("cat: N   M\0x: is a directory (kind k \0l m n)", 44) + hint);
 }
 
 TEST(Reading, ShowsAHeaderAtATerminal) {
