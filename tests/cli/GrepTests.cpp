@@ -1,56 +1,44 @@
-#include <gtest/gtest.h>
-
 #include "support/CommandRow.h"
 
 using namespace testsupport;
 
 namespace {
 
-const std::string id = "7f1b103c-df15-42b0-aab4-77d26415479c";
-
-CommandRow queryRow(std::vector<std::string> arguments, const std::string& query) {
-    arguments.insert(arguments.begin(), "grep");
-    return {.arguments = std::move(arguments),
-            .answers = {answer(R"({"results":[]})")},
-            .requests = {"GET /api/nodes/search?" + query + "&cliVerb=grep"}};
+CommandRow queryRow(const Words& options, const std::string& query, Location where = Location::current()) {
+    return row(with("grep", options), "GET /api/nodes/search?" + query + "&cliVerb=grep", R"({"results":[]})", "",
+               where);
 }
 
-CommandRow resultRow(std::string body, std::string out) {
-    CommandRow row = queryRow({"x"}, "q=x&limit=10");
-    row.answers = {answer(std::move(body))};
-    row.out = std::move(out);
-    return row;
+void expectResults(const std::vector<Reply>& replies, const Output& out = {}) {
+    expectReplies("grep x", "GET /api/nodes/search?q=x&limit=10&cliVerb=grep", replies, out);
 }
 
 TEST(Grep, SendsWhatIsGiven) {
-    CommandRow inDirectory =
-        queryRow({"x", "--repo", ".,../y", "--repo", "~/z"}, "q=x&limit=10&repos=/usr/lib,/usr/y,/home/me/z");
+    CommandRow inDirectory = queryRow("x --repo .,../y --repo ~/z", "q=x&limit=10&repos=/usr/lib,/usr/y,/home/me/z");
     inDirectory.setting.directory = "/usr/lib";
     inDirectory.setting.environment["HOME"] = "/home/me";
-    expectRows({
+    expectRequests({
         queryRow({"", "--repo", ","}, "q=&limit=10"),
-        queryRow({"x", "--repo", "a,b", "--repo", ",c"}, "q=x&limit=10&repos=a,b,c"),
+        queryRow("x --repo a,b --repo ,c --limit=1", "q=x&limit=1&repos=a,b,c"),
         inDirectory,
-        queryRow({"-F", "a b",     id,    "--type",   "all",   "--since",     "s",    "--until",
-                  "u",  "--limit", "500", "--sender", "1",     "--recipient", "2",    "--to",
-                  "3",  "--cc",    "4",   "--bcc",    "5",     "--subject",   "6",    "--page-token",
-                  "t=", "--owner", "me",  "--repo",   "h/o/r", "--initiated", "agent"},
+        queryRow(with({"-F", "a b", id},
+                      "--type all --since s --until u --limit 500 --sender 1 --recipient 2 --to 3 --cc 4 --bcc 5 "
+                      "--subject 6 --page-token t= --owner me --repo h/o/r --initiated agent"),
                  "q=a%20b&limit=500&sender=1&recipient=2&to=3&cc=4&bcc=5&subject=6&pageToken=t%3D&parentId=" + id +
                      "&kind=all&since=s&until=u&owner=me&literal=true&repos=h/o/r&initiated=agent"),
+        requestRow("grep x --json", "GET /api/nodes/search?q=x&limit=10&cliVerb=grep"),
     });
-    expectServiceRefusal({"grep", "x", "--json"});
 }
 
 TEST(Grep, ChecksItsInputInOrder) {
-    const std::string usage = "orvane-cli grep [<options>] <pattern> [<scope>]";
-    expectRefused({"grep", "x", "grp_1", "--limit", "0"}, "scope must be a UUID.", usage);
-    expectRefused({"grep", "x", "--limit", "0"}, "limit must be between 1 and 500.", usage);
-    expectRefused({"grep", "x", id, "--limit", "501"}, "limit must be between 1 and 500.", usage);
+    expectRefused("grep x grp_1 --limit 0", "scope must be a UUID.");
+    expectRefused("grep x --limit 0", "limit must be between 1 and 500.");
+    expectRefused("grep x " + id + " --limit 501", "limit must be between 1 and 500.");
 }
 
 TEST(Grep, ShowsEachResultAsABlock) {
-    expectRows({
-        resultRow(R"({"results":[
+    expectResults({
+        Reply(R"({"results":[
                       {"nodeId":"n","title":"T\nt","threadId":"th","sliceId":"s","modality":"chat","body":"one\n\ntwo",
                        "chunks":[{"text":"no"}],
                        "document":{"id":"d","kind":"k","name":"N","sourceOwner":{"email":"e"},"initiated":"human",
@@ -59,33 +47,31 @@ TEST(Grep, ShowsEachResultAsABlock) {
                        "executionMode":"local","sourceOwner":{"email":""},"originalUpdatedAt":"Mar 7, 2024",
                        "updatedAt":"2024-03-07T14:05:06Z"},
                       {"document":{"id":"d3"},"id":"x"}]})",
-                  "n  k  e  Mar  7  2024  T t\n    threadId: th\n    sliceId: s · modality: chat\n"
-                  "    initiated: human · executionMode: cloud\n    one\n    \n    two\n\n"
-                  "d2    N2\n    sliceId: s2 · modality: null\n    executionMode: local\n    a\n    b\n    \n\n"
-                  "d3    me  \n    \n\n"),
-        resultRow(R"({"results":[1]})", R"({"results":[1]})"
-                                        "\n"),
-        resultRow("{}", "{}\n"),
+              "n  k  e  Mar  7  2024  T t\n    threadId: th\n    sliceId: s · modality: chat\n"
+              "    initiated: human · executionMode: cloud\n    one\n    \n    two\n\n"
+              "d2    N2\n    sliceId: s2 · modality: null\n    executionMode: local\n    a\n    b\n    \n\n"
+              "d3    me  \n    \n\n"),
+        Reply(R"({"results":[1]})", "{\"results\":[1]}\n"),
+        Reply("{}", "{}\n"),
     });
-    CommandRow coloured = resultRow(R"({"results":[{"id":"i","kind":"k","name":"n"}]})",
-                                    "\x1B[36mi\x1B[0m  \x1B[2mk\x1B[0m  \x1B[32mme\x1B[0m  \x1B[1mn\x1B[0m\n    \n\n");
-    coloured.setting.out = Output::terminal();
-    expectRow(coloured);
+    expectResults({Reply(R"({"results":[{"id":"i","kind":"k","name":"n"}]})",
+                         "\x1B[36mi\x1B[0m  \x1B[2mk\x1B[0m  \x1B[32mme\x1B[0m  \x1B[1mn\x1B[0m\n    \n\n")},
+                  Output::terminal());
 }
 
 TEST(Grep, TellsHowToGoOnAndWhereItStopped) {
     const std::string next = "Next page: repeat with --page-token 'a'b' and the same parameters.\n";
     const std::string rest = "; no page token does not prove there are no additional literal matches.\n";
     const std::string bounded = "Search is relevance-bounded";
-    expectRows({
-        resultRow(R"({"results":[]})", ""),
-        resultRow(R"({"results":[],"exhaustive":true,"candidateLimit":5})", ""),
-        resultRow(R"({"results":[],"exhaustive":"false","nextPageToken":5})", ""),
-        resultRow(R"({"results":[],"nextPageToken":"a'b"})", next),
-        resultRow(R"({"results":[],"exhaustive":false,"candidateLimit":0})", bounded + rest),
-        resultRow(R"({"results":[],"exhaustive":false})", bounded + rest),
-        resultRow(R"({"results":[],"nextPageToken":"a'b","exhaustive":false,"candidateLimit":200})",
-                  next + bounded + " to 200 candidates" + rest),
+    expectResults({
+        Reply(R"({"results":[]})", ""),
+        Reply(R"({"results":[],"exhaustive":true,"candidateLimit":5})", ""),
+        Reply(R"({"results":[],"exhaustive":"false","nextPageToken":5})", ""),
+        Reply(R"({"results":[],"nextPageToken":"a'b"})", next),
+        Reply(R"({"results":[],"exhaustive":false,"candidateLimit":0})", bounded + rest),
+        Reply(R"({"results":[],"exhaustive":false})", bounded + rest),
+        Reply(R"({"results":[],"nextPageToken":"a'b","exhaustive":false,"candidateLimit":200})",
+              next + bounded + " to 200 candidates" + rest),
     });
 }
 

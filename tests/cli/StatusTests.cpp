@@ -1,66 +1,55 @@
 #include <csignal>
 
-#include <gtest/gtest.h>
-
 #include "support/CommandRow.h"
 
 using namespace testsupport;
 
 namespace {
 
-const std::string notRunning = "Orvane is not running. Please open the Orvane app first.";
-
-CommandRow statusRow(std::string body, std::string out) {
-    return {.arguments = {"status"}, .answers = {answer(std::move(body))}, .requests = {"GET /api/status"}, .out = out};
-}
-
-CommandRow whoamiRow(std::string body, std::string out) {
-    return {.arguments = {"whoami"}, .answers = {answer(std::move(body))}, .requests = {"GET /api/whoami"}, .out = out};
+void expectStatus(const std::vector<Reply>& replies, const Output& out = {}) {
+    expectReplies("status", "GET /api/status", replies, out);
 }
 
 TEST(StatusCommand, RendersWhatTheAnswerHolds) {
-    expectRows({
-        statusRow(R"({"status":"ok","version":"1.2.3","build_number":"45","cli_access":true,
+    expectStatus({
+        Reply(R"({"status":"ok","version":"1.2.3","build_number":"45","cli_access":true,
                       "user":{"name":"Sample User","email":""},"lastIngestionAt":"Mar 7, 2024, 2:05 PM PST"})",
-                  "status    ok\nversion   1.2.3 (build 45)\naccess    yes\nuser      Sample User\n"
-                  "ingested  Mar  7  2024\nsynced    never\n"),
-        statusRow(R"({"status":1,"version":"1","build_number":4,"cli_access":false,"user":{"name":"A","email":"a@b.c"},
+              "status    ok\nversion   1.2.3 (build 45)\naccess    yes\nuser      Sample User\n"
+              "ingested  Mar  7  2024\nsynced    never\n"),
+        Reply(R"({"status":1,"version":"1","build_number":4,"cli_access":false,"user":{"name":"A","email":"a@b.c"},
                       "deployment":{"name":"Acme","kind":"on_prem"},"lastCloudSyncAt":"yesterday"})",
-                  "status      ?\nversion     1\naccess      no\nuser        A · a@b.c\ningested    never\n"
-                  "deployment  Acme (On-Prem)\nsynced      yesterday\n"),
-        statusRow(R"({"user":{},"cli_access":"yes","deployment":{"name":"Acme","seats":3}})",
-                  "status    ?\nuser      ?\ningested  never\nsynced    never\n"),
-        statusRow(R"({"user":null,"authenticated":false})",
-                  "status    ?\nuser      not signed in\ningested  never\nsynced    never\n"),
-        statusRow(R"({"user":null,"authenticated":true})", "status    ?\ningested  never\nsynced    never\n"),
-        statusRow("[1,2]\n", "[1,2]\n\n"),
-        statusRow("not JSON", "not JSON\n"),
-        statusRow("", "\n"),
+              "status      ?\nversion     1\naccess      no\nuser        A · a@b.c\ningested    never\n"
+              "deployment  Acme (On-Prem)\nsynced      yesterday\n"),
+        Reply(R"({"user":{},"cli_access":"yes","deployment":{"name":"Acme","seats":3}})",
+              "status    ?\nuser      ?\ningested  never\nsynced    never\n"),
+        Reply(R"({"user":null,"authenticated":false})",
+              "status    ?\nuser      not signed in\ningested  never\nsynced    never\n"),
+        Reply(R"({"user":null,"authenticated":true})", "status    ?\ningested  never\nsynced    never\n"),
+        Reply("[1,2]\n", "[1,2]\n\n"),
+        Reply("not JSON", "not JSON\n"),
+        Reply("", "\n"),
     });
-}
-
-TEST(StatusCommand, ColoursOnATerminal) {
-    CommandRow row =
-        statusRow(R"({"status":"ok","authenticated":false,"cli_access":false})",
-                  "\x1B[2mstatus  \x1B[0m  \x1B[32mok\x1B[0m\n\x1B[2maccess  \x1B[0m  \x1B[31mno\x1B[0m\n"
-                  "\x1B[2muser    \x1B[0m  \x1B[31mnot signed in\x1B[0m\n"
-                  "\x1B[2mingested\x1B[0m  \x1B[2mnever\x1B[0m\n\x1B[2msynced  \x1B[0m  \x1B[2mnever\x1B[0m\n");
-    row.setting.out = Output::terminal();
-    expectRow(row);
+    expectStatus({Reply(R"({"status":"ok","authenticated":false,"cli_access":false})",
+                        "\x1B[2mstatus  \x1B[0m  \x1B[32mok\x1B[0m\n\x1B[2maccess  \x1B[0m  \x1B[31mno\x1B[0m\n"
+                        "\x1B[2muser    \x1B[0m  \x1B[31mnot signed in\x1B[0m\n"
+                        "\x1B[2mingested\x1B[0m  \x1B[2mnever\x1B[0m\n\x1B[2msynced  \x1B[0m  \x1B[2mnever\x1B[0m\n")},
+                 Output::terminal());
 }
 
 TEST(WhoAmICommand, RendersWhatTheAnswerHolds) {
-    expectRows({
-        whoamiRow(R"({"name":"Ünal","email":"u@x.org","id":"u1","teams":[{"name":"A"},{},{"name":"B"}],
+    expectReplies(
+        {"whoami"}, "GET /api/whoami",
+        {
+            Reply(R"({"name":"Ünal","email":"u@x.org","id":"u1","teams":[{"name":"A"},{},{"name":"B"}],
                       "cloudSyncEnabled":false,"authenticated":true})",
                   "name   Ünal\nemail  u@x.org\nuser   u1\nteams  A, B\nsync   off\n"),
-        whoamiRow(R"({"name":"","email":7,"id":"u1","teams":[],"cloudSyncEnabled":true})", "user  u1\nsync  on\n"),
-        whoamiRow(R"({"teams":[{}]})", "teams  \n"),
-        whoamiRow(R"({"teams":[{"name":"A"},1],"id":"u"})", "user  u\n"),
-        whoamiRow("{}", "\n"),
-        whoamiRow(R"({"authenticated":false,"name":"A"})", "Not signed in to Orvane.\n"),
-        whoamiRow("\"x\"", "\"x\"\n"),
-    });
+            Reply(R"({"name":"","email":7,"id":"u1","teams":[],"cloudSyncEnabled":true})", "user  u1\nsync  on\n"),
+            Reply(R"({"teams":[{}]})", "teams  \n"),
+            Reply(R"({"teams":[{"name":"A"},1],"id":"u"})", "user  u\n"),
+            Reply("{}", "\n"),
+            Reply(R"({"authenticated":false,"name":"A"})", "Not signed in to Orvane.\n"),
+            Reply("\"x\"", "\"x\"\n"),
+        });
 }
 
 TEST(ServiceErrors, AreReportedInTheServicesWords) {
@@ -76,39 +65,34 @@ TEST(ServiceErrors, AreReportedInTheServicesWords) {
         {answer(500, "\xFF\xFE"), "Request failed."},
         {answer(599, "[1, 2] "), "[1, 2]"},
     };
+    CommandRow refused{.arguments = "status", .requests = {"GET /api/status"}, .status = 1};
     for (const auto& [reply, text] : cases) {
-        expectRow({.arguments = {"status"},
-                   .answers = {reply},
-                   .requests = {"GET /api/status"},
-                   .err = "error: " + text + "\n",
-                   .status = 1});
+        refused.answers = {reply};
+        refused.err = "error: " + text + "\n";
+        expectRow(refused);
     }
-    CommandRow onTerminal{.arguments = {"status"},
-                          .answers = {answer(400, R"({"message":"x"})")},
-                          .requests = {"GET /api/status"},
-                          .err = "\x1B[31merror:\x1B[0m x\n",
-                          .status = 1};
-    onTerminal.setting.err = Output::terminal();
-    expectRow(onTerminal);
+    refused.setting.err = Output::terminal();
+    refused.err = "\x1B[31merror:\x1B[0m [1, 2]\n";
+    expectRow(refused);
 }
 
 TEST(ServiceErrors, OfTransportEachHaveTheirWords) {
     const ToolResult refused = runTool({"status"});
-    EXPECT_EQ(refused.err, "Error: " + notRunning + "\n");
+    EXPECT_EQ(refused.err, "Error: Orvane is not running. Please open the Orvane app first.\n");
     EXPECT_EQ(refused.status, 1);
     EXPECT_EQ(refused.out, "");
 
     const std::string interrupted = "The connection to Orvane was interrupted. Please try again.";
-    expectFailed({"whoami"}, {cutAnswer("")}, interrupted);
-    expectFailed({"whoami"}, {cutAnswer("HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\n{}")}, interrupted);
-    expectFailed({"whoami"}, {resetAnswer()}, interrupted);
-    expectFailed({"whoami"}, {cutAnswer("SSH-2.0-OpenSSH\r\n\r\n")},
+    expectFailed("whoami", {cutAnswer("")}, interrupted);
+    expectFailed("whoami", {cutAnswer("HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\n{}")}, interrupted);
+    expectFailed("whoami", {resetAnswer()}, interrupted);
+    expectFailed("whoami", {cutAnswer("SSH-2.0-OpenSSH\r\n\r\n")},
                  "Could not communicate with Orvane: the answer is not valid HTTP (bad version)");
 }
 
 TEST(ServiceErrors, NoAnswerInTimeEndsTheWait) {
     // Of all commands, this one has the shortest limit.
-    expectFailed({"check-in"}, {stall()},
+    expectFailed("check-in", {stall()},
                  "Orvane did not respond before the request timed out. It may be busy; please try again.");
 }
 
@@ -121,6 +105,20 @@ TEST(RawAnswers, ReachStandardOutputUnchanged) {
     }();
     EXPECT_TRUE(result.out == large + "\n");
     EXPECT_EQ(result.status, 0);
+}
+
+TEST(Memory, ThatRunsOutIsAnError) {
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the sanitizer reserves more memory than any limit leaves";
+#endif
+    const ScriptedService service({answer(R"({"read":{"content":")" + std::string(64'000'000, 'x') + "\"}}")});
+    ToolSetting shell;
+    shell.binary = "/bin/sh";
+    const ToolResult result =
+        runTool({"-c", R"(ulimit -v 48000; exec "$@")", "sh", ORVANE_CLI_BINARY, "cat", id}, shell);
+    EXPECT_EQ(result.err, "Error: Out of memory.\n");
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.status, 1);
 }
 
 TEST(StandardOutput, AFailedWriteIsAnError) {

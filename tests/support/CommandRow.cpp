@@ -1,18 +1,20 @@
 #include "support/CommandRow.h"
 
-#include <gtest/gtest.h>
+#include <sstream>
+
+#include "support/HelpScreens.h"
 
 namespace testsupport {
 
 namespace {
 
-std::string commandLine(const std::vector<std::string>& arguments) {
+std::string commandLine(const Words& arguments) {
     std::string line = "orvane-cli";
     for (const std::string& argument : arguments) {
         const bool plain = !argument.empty() && argument.find_first_of(" \t\n\"'\\$*") == std::string::npos;
         line.append(" ").append(plain ? argument : testing::PrintToString(argument));
     }
-    return line;
+    return line.substr(0, 400);
 }
 
 Headers expectedHeaders(const RecordedRequest& request) {
@@ -24,10 +26,56 @@ Headers expectedHeaders(const RecordedRequest& request) {
     return headers;
 }
 
+void expectFailure(const Words& arguments, const std::vector<Answer>& answers, const std::string& err,
+                   const ToolSetting& setting, Location where) {
+    const testing::ScopedTrace trace(where.file_name(), static_cast<int>(where.line()), commandLine(arguments));
+    const ScriptedService service(answers);
+    const ToolResult result = runTool(arguments, setting);
+    EXPECT_EQ(result.err, err);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.status, 1);
+}
+
 } // namespace
 
+Words::Words(const std::string& line) {
+    std::istringstream words(line);
+    for (std::string word; words >> word;) {
+        push_back(word);
+    }
+}
+
+CommandRow row(Words arguments, std::string request, std::string reply, std::string out, Location where) {
+    return {.arguments = std::move(arguments),
+            .answers = {answer(std::move(reply))},
+            .requests = {std::move(request)},
+            .out = std::move(out),
+            .where = where};
+}
+
+CommandRow requestRow(Words arguments, std::string request, Location where) {
+    const std::string bytes = "{ \"z\":1.50,\n\t\"a\":\"\\u00e9\\/\" ,\"z\":[] }\r\n";
+    return row(std::move(arguments), std::move(request), bytes, bytes + "\n", where);
+}
+
+CommandRow onTerminal(CommandRow row) {
+    row.setting.out = Output::terminal();
+    return row;
+}
+
+CommandRow withInput(CommandRow row, Input input) {
+    row.setting.input = std::move(input);
+    return row;
+}
+
+Words with(Words arguments, const Words& more) {
+    arguments.insert(arguments.end(), more.begin(), more.end());
+    return arguments;
+}
+
 void expectRow(const CommandRow& row) {
-    SCOPED_TRACE(commandLine(row.arguments));
+    const testing::ScopedTrace trace(row.where.file_name(), static_cast<int>(row.where.line()),
+                                     commandLine(row.arguments));
     const ScriptedService service(row.answers);
     const ToolResult result = runTool(row.arguments, row.setting);
     EXPECT_EQ(result.out, row.out);
@@ -46,36 +94,46 @@ void expectRows(const std::vector<CommandRow>& rows) {
     }
 }
 
-void expectRefused(const std::vector<std::string>& arguments, const std::string& message, const std::string& usage,
-                   const ToolSetting& setting) {
-    SCOPED_TRACE(commandLine(arguments));
-    const ScriptedService service;
-    const ToolResult result = runTool(arguments, setting);
-    const std::string start = "Error: " + message + "\nUsage: " + usage;
-    EXPECT_EQ(result.err.substr(0, start.size()), start);
-    EXPECT_EQ(result.out, "");
-    EXPECT_EQ(result.status, 64);
+void expectRequests(const std::vector<CommandRow>& rows) {
+    for (const CommandRow& row : rows) {
+        expectRow(row);
+        expectServiceRefusal(row.arguments, {}, row.setting, row.where);
+    }
 }
 
-void expectFailed(const std::vector<std::string>& arguments, const std::vector<Answer>& answers,
-                  const std::string& message, const ToolSetting& setting) {
-    SCOPED_TRACE(commandLine(arguments));
-    const ScriptedService service(answers);
-    const ToolResult result = runTool(arguments, setting);
-    EXPECT_EQ(result.err, "Error: " + message + "\n");
-    EXPECT_EQ(result.out, "");
-    EXPECT_EQ(result.status, 1);
+void expectReplies(const Words& arguments, const std::string& request, const std::vector<Reply>& replies,
+                   const Output& out) {
+    for (const Reply& reply : replies) {
+        CommandRow whole = row(arguments, request, reply.body, reply.out, reply.where);
+        whole.err = reply.err;
+        whole.setting.out = out;
+        expectRow(whole);
+    }
 }
 
-void expectServiceRefusal(const std::vector<std::string>& arguments, std::vector<Answer> before,
-                          const ToolSetting& setting) {
-    SCOPED_TRACE(commandLine(arguments));
+void expectRefused(const Words& arguments, const std::string& message, const std::string& input, Location where) {
+    const HelpScreen& screen = screenOfCommandRunBy(arguments);
+    const std::string help = input.empty() ? "" : "Help:  " + input + "  " + screen.helpOf(input) + "\n";
+    expectRow({.arguments = arguments,
+               .err = help + "Error: " + message + "\nUsage: " + screen.usage() + "\n  See '" + screen.command +
+                      " --help' for more information.\n",
+               .status = 64,
+               .where = where});
+}
+
+void expectMissing(const Words& arguments, const std::string& input, Location where) {
+    expectRefused(arguments, "Missing expected argument '" + input + "'", input, where);
+}
+
+void expectFailed(const Words& arguments, const std::vector<Answer>& answers, const std::string& message,
+                  Location where) {
+    expectFailure(arguments, answers, "Error: " + message + "\n", {}, where);
+}
+
+void expectServiceRefusal(const Words& arguments, std::vector<Answer> before, const ToolSetting& setting,
+                          Location where) {
     before.push_back(answer(400, R"({"message":"x"})"));
-    const ScriptedService service(std::move(before));
-    const ToolResult result = runTool(arguments, setting);
-    EXPECT_EQ(result.err, "error: x\n");
-    EXPECT_EQ(result.out, "");
-    EXPECT_EQ(result.status, 1);
+    expectFailure(arguments, before, "error: x\n", setting, where);
 }
 
 } // namespace testsupport

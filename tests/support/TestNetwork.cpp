@@ -3,11 +3,13 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <stdexcept>
 #include <string>
 #include <system_error>
 
 #include <fcntl.h>
 #include <net/if.h>
+#include <netdb.h>
 #include <netinet/in.h>
 #include <sched.h>
 #include <sys/file.h>
@@ -15,6 +17,8 @@
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include "support/ScriptedService.h"
 
 namespace testsupport {
 
@@ -70,10 +74,16 @@ bool canEnterOwnNetwork() {
     return child > 0 && state == 0;
 }
 
+/// The file may be another user's, whom the sticky temporary directory protects from more than reading.
+int openLock(const char* path) {
+    const int file = ::open(path, O_RDONLY | O_CLOEXEC);
+    return file >= 0 || errno != ENOENT ? file : ::open(path, O_RDONLY | O_CREAT | O_CLOEXEC, 0644);
+}
+
 /// The lock is held until the process ends.
 void waitForLock() {
     const auto path = std::filesystem::temp_directory_path() / "orvane-tests.lock";
-    const int file = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+    const int file = openLock(path.c_str());
     int outcome = file < 0 ? -1 : 0;
     while (file >= 0 && (outcome = ::flock(file, LOCK_EX)) != 0 && errno == EINTR) {
         ;
@@ -83,16 +93,41 @@ void waitForLock() {
     }
 }
 
+/// Whether loopback has an address of this family and nobody serves on its port; any port will do for "0".
+bool canListenOn(int family, const std::string& port) {
+    addrinfo hints{};
+    hints.ai_family = family;
+    hints.ai_socktype = SOCK_STREAM;
+    hints.ai_flags = AI_NUMERICSERV;
+    addrinfo* loopback = nullptr;
+    if (::getaddrinfo(nullptr, port.c_str(), &hints, &loopback) != 0) {
+        return false;
+    }
+    const int socket = ::socket(family, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const int on = 1;
+    ::setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
+    const bool can = socket >= 0 && ::bind(socket, loopback->ai_addr, loopback->ai_addrlen) == 0;
+    ::close(socket);
+    ::freeaddrinfo(loopback);
+    return can;
+}
+
 } // namespace
 
 void isolateNetwork() {
-    if (!canEnterOwnNetwork()) {
-        waitForLock();
+    if (canEnterOwnNetwork()) {
+        isOwn = enterOwnNetwork();
+        if (!isOwn) {
+            throw std::system_error(errno, std::generic_category(), "cannot enter a network of its own");
+        }
         return;
     }
-    isOwn = enterOwnNetwork();
-    if (!isOwn) {
-        throw std::system_error(errno, std::generic_category(), "cannot enter a network of its own");
+    waitForLock();
+    const std::string port = std::to_string(applicationPort);
+    if (!canListenOn(AF_INET, port) || (hasIPv6() && !canListenOn(AF_INET6, port))) {
+        throw std::runtime_error("port " + port +
+                                 " is in use, probably by the Orvane application or a sample library, and this system "
+                                 "gives the tests no network of their own; end what serves there and try again");
     }
 }
 
@@ -101,13 +136,7 @@ bool networkIsOwn() {
 }
 
 bool hasIPv6() {
-    const int socket = ::socket(AF_INET6, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    sockaddr_in6 address{};
-    address.sin6_family = AF_INET6;
-    address.sin6_addr = in6addr_loopback;
-    const bool bound = socket >= 0 && ::bind(socket, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
-    ::close(socket);
-    return bound;
+    return canListenOn(AF_INET6, "0");
 }
 
 } // namespace testsupport

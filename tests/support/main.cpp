@@ -1,4 +1,6 @@
 #include <csignal>
+#include <cstdio>
+#include <exception>
 
 #include <gtest/gtest.h>
 
@@ -8,7 +10,12 @@ int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     std::signal(SIGPIPE, SIG_IGN);
     if (!GTEST_FLAG_GET(list_tests)) {
-        testsupport::isolateNetwork();
+        try {
+            testsupport::isolateNetwork();
+        } catch (const std::exception& error) {
+            std::fprintf(stderr, "orvane-tests: %s\n", error.what());
+            return 1;
+        }
     }
     return RUN_ALL_TESTS();
 }
