@@ -1,9 +1,10 @@
+#include "platform/Json.h"
+
 #include <algorithm>
 #include <charconv>
 #include <optional>
 
 #include "platform/ByteScan.h"
-#include "platform/Json.h"
 
 namespace platform {
 

@@ -19,4 +19,15 @@ TEST(Identifiers, AreUUIDsOfEitherCaseAndNothingElse) {
     }
 }
 
+TEST(Identifiers, BecomeCanonicalOrAreRefusedByTheirLabel) {
+    EXPECT_EQ(orvane::canonicalUUID("7F1B103C-DF15-42b0-AAB4-77D26415479C", "id"),
+              "7f1b103c-df15-42b0-aab4-77d26415479c");
+    try {
+        orvane::canonicalUUID("grp_x", "space-id");
+        FAIL() << "accepted";
+    } catch (const orvane::ValidationError& refusal) {
+        EXPECT_EQ(refusal.message, "space-id must be a UUID.");
+    }
+}
+
 } // namespace
