@@ -4,7 +4,8 @@
 // A line of standard input is a name, a tab and a command: words between blanks, 'quoted' where they hold blanks, with
 // "|" between the programs of a pipeline and "< file" for the first one's input. There is no shell in between, so that
 // none is measured. What a command prints goes to /dev/null. One round that is not counted
-// goes ahead. The order changes from round to round: a command behind a large one finds little of its own in the caches.
+// goes ahead. The order changes from round to round: a command behind a large one finds little of its own in the
+// caches.
 //
 // A line of the result is the name, the wall time and the processor time in milliseconds, and the peak memory of the
 // largest program in KiB, with tabs between. A command that fails ends everything.
