@@ -41,7 +41,9 @@ std::string replaceLines(std::string_view text, const json::array& from, const j
     }
     const auto behind = lines.erase(match, match + std::ssize(from));
     std::vector<std::string_view> added;
-    std::ranges::transform(to, std::back_inserter(added), [](const json::value& line) { return line.as_string(); });
+    for (const json::value& line : to) {
+        added.push_back(line.as_string());
+    }
     lines.insert(behind, added.begin(), added.end());
     return joinLines(lines) + (text.ends_with('\n') && !lines.empty() ? "\n" : "");
 }

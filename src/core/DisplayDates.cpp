@@ -8,10 +8,10 @@ namespace orvane {
 
 namespace {
 
-/// `number`, padded at its front to `width`.
-std::string padded(int number, std::size_t width, char padding) {
+/// Appends `number` in at least `width` places.
+void appendPadded(std::string& text, int number, std::size_t width, char padding) {
     const std::string digits = std::to_string(number);
-    return std::string(width - std::min(width, digits.size()), padding) + digits;
+    text.append(width - std::min(width, digits.size()), padding).append(digits);
 }
 
 std::string listingDate(platform::Instant date, platform::Instant now) {
@@ -19,23 +19,33 @@ std::string listingDate(platform::Instant date, platform::Instant now) {
     constexpr platform::Instant anHour = 3'600;
     const platform::CivilTime time = platform::localTime(date);
     const bool isFar = now - date >= halfAYear || date - now >= anHour;
-    return std::string(platform::monthAbbreviation(time.month)) + " " + padded(time.day, 2, ' ') +
-           (isFar ? "  " + padded(time.year, 4, '0')
-                  : " " + padded(time.hour, 2, '0') + ":" + padded(time.minute, 2, '0'));
+    std::string text(platform::monthAbbreviation(time.month));
+    text += ' ';
+    appendPadded(text, time.day, 2, ' ');
+    if (isFar) {
+        text += "  ";
+        appendPadded(text, time.year, 4, '0');
+    } else {
+        text += ' ';
+        appendPadded(text, time.hour, 2, '0');
+        text += ':';
+        appendPadded(text, time.minute, 2, '0');
+    }
+    return text;
 }
 
 /// `text` without its last blank-separated word, with single blanks between the others.
 std::string withoutLastWord(std::string_view text) {
-    std::vector<std::string> words;
+    std::string result;
+    std::size_t end = 0; // of the words before the last
     for (const std::string_view word : platform::split(text, ' ')) {
         if (!word.empty()) {
-            words.emplace_back(word);
+            end = result.size();
+            result.append(result.empty() ? "" : " ").append(word);
         }
     }
-    if (!words.empty()) {
-        words.pop_back();
-    }
-    return platform::joined(words, " ");
+    result.resize(end);
+    return result;
 }
 
 } // namespace

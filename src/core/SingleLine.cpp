@@ -14,13 +14,13 @@ std::string foldedLine(std::string_view text) {
 }
 
 std::string singleLine(std::string_view text, std::size_t limit) {
-    const std::string line = foldedLine(text);
-    const std::string_view whole = platform::trimmed(line);
+    // What is folded is white space before and after.
+    std::string line = foldedLine(platform::trimmed(text));
     // A text of that many bytes has no more characters.
-    if (whole.size() <= limit || platform::characterCount(whole) <= limit) {
-        return std::string(whole);
+    if (line.size() <= limit || platform::characterCount(line) <= limit) {
+        return line;
     }
-    const std::string_view kept = platform::firstCharacters(whole, limit - 1);
+    const std::string_view kept = platform::firstCharacters(line, limit - 1);
     return std::string(platform::trimmedAtEnd(kept)) + "…";
 }
 

@@ -115,6 +115,9 @@ Instant instantOfLocalTime(const CivilTime& time) {
     // The zone's offset changes at most once in the two days around, and one of the two holds at the time looked for.
     const Instant offsetBefore = localFields(utc - day).tm_gmtoff;
     const Instant offsetAfter = localFields(utc + day).tm_gmtoff;
+    if (offsetBefore == offsetAfter) {
+        return utc - offsetBefore;
+    }
     const bool isAfterChange = localFields(utc - offsetBefore).tm_gmtoff != offsetBefore;
     const bool isSkipped = isAfterChange && localFields(utc - offsetAfter).tm_gmtoff != offsetAfter;
     return utc - (isAfterChange && !isSkipped ? offsetAfter : offsetBefore);

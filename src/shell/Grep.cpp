@@ -103,17 +103,24 @@ std::string relevanceBoundNote(const JsonObject& response) {
            "; no page token does not prove there are no additional literal matches.\n";
 }
 
-std::string renderedResults(const JsonObject& response, const std::vector<JsonObject>& results) {
+/// Results go out in pieces of this size, in bytes: a page of them may be large, and its pieces are soon there again.
+constexpr std::size_t pieceSize = std::size_t{64} << 10U;
+
+void printResults(const JsonObject& response, const std::vector<JsonObject>& results) {
     std::string text;
     for (const JsonObject& result : results) {
         appendResult(text, result);
+        if (text.size() >= pieceSize) {
+            platform::writeStandardOutput(text);
+            text.clear();
+        }
     }
     if (const auto token = response.text("nextPageToken")) {
-        text.append("Next page: repeat with --page-token '")
-            .append(ansiStyled(*token, Style::plain))
-            .append("' and the same parameters.\n");
+        text.append("Next page: repeat with --page-token '").append(ansiStyled(*token, Style::plain));
+        text.append("' and the same parameters.\n");
     }
-    return text + relevanceBoundNote(response);
+    text += relevanceBoundNote(response);
+    platform::writeStandardOutput(text);
 }
 
 struct Grep final : ParsableCommand {
@@ -164,7 +171,7 @@ struct Grep final : ParsableCommand {
         const auto document = JsonDocument::parseObject(reply.data);
         const auto results = document ? document->object().objects("results") : std::nullopt;
         if (results) {
-            platform::writeStandardOutput(renderedResults(document->object(), *results));
+            printResults(document->object(), *results);
         } else {
             printRawResponse(reply.data);
         }

@@ -24,9 +24,24 @@ std::vector<std::size_t> tabStops(const TableRows& rows, std::size_t tabWidth) {
     return stops;
 }
 
+/// Whether nothing of `text` has to be trimmed, folded or written out, and each byte is a character: true of most
+/// cells.
+bool isPlain(std::string_view text) {
+    unsigned char other = text.starts_with(' ') || text.ends_with(' ');
+    for (const char byte : text) {
+        other |= static_cast<unsigned char>(byte < ' ' || byte > '~');
+    }
+    return other == 0;
+}
+
 } // namespace
 
 void TableRows::add(std::string_view text, Style style) {
+    if (isPlain(text)) {
+        entries_.push_back({texts_.size(), text.size(), text.size(), style});
+        texts_ += text;
+        return;
+    }
     const std::string line = shownLine(singleLine(text));
     entries_.push_back({texts_.size(), line.size(), platform::characterCount(line), style});
     texts_ += line;
@@ -47,11 +62,16 @@ std::string renderTabTable(const TableRows& rows, std::size_t tabWidth) {
         return table;
     }
     const std::vector<std::size_t> stops = tabStops(rows, tabWidth);
+    const bool isStyled = stdoutIsTerminal();
     for (std::size_t row = 0; row < rows.count(); ++row) {
         std::size_t position = 0;
         for (std::size_t column = 0; column < rows.columnCount(row); ++column) {
             const TableRows::Cell cell = rows.cell(row, column);
-            table += ansiStyled(cell.text, cell.style);
+            if (isStyled) {
+                table += ansiStyled(cell.text, cell.style);
+            } else {
+                table += cell.text;
+            }
             position += cell.width;
             while (column < stops.size() && position < stops[column]) {
                 table += '\t';
