@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "platform/Text.h"
-
 namespace orvane {
 
 namespace {
@@ -38,11 +36,13 @@ std::string listingDate(platform::Instant date, platform::Instant now) {
 std::string withoutLastWord(std::string_view text) {
     std::string result;
     std::size_t end = 0; // of the words before the last
-    for (const std::string_view word : platform::split(text, ' ')) {
+    while (!text.empty()) {
+        const std::string_view word = text.substr(0, text.find(' '));
         if (!word.empty()) {
             end = result.size();
             result.append(result.empty() ? "" : " ").append(word);
         }
+        text.remove_prefix(std::min(word.size() + 1, text.size()));
     }
     result.resize(end);
     return result;

@@ -1,7 +1,6 @@
 #include "shell/NodeTable.h"
 
 #include "core/Answers.h"
-#include "core/SingleLine.h"
 #include "platform/Streams.h"
 #include "shell/NodeRecord.h"
 #include "shell/TabTable.h"
@@ -70,7 +69,7 @@ void addNode(TableRows& rows, const JsonObject& node, const OptionalColumns& col
     if (columns.thread) {
         rows.add(textOrEmpty(node, "threadId"), Style::cyan);
     }
-    rows.add(singleLine(textOrEmpty(node, "name"), nameLimit), Style::bold);
+    rows.add(textOrEmpty(node, "name"), Style::bold, nameLimit);
     rows.endRow();
 }
 

@@ -36,13 +36,13 @@ bool isPlain(std::string_view text) {
 
 } // namespace
 
-void TableRows::add(std::string_view text, Style style) {
-    if (isPlain(text)) {
+void TableRows::add(std::string_view text, Style style, std::size_t limit) {
+    if (text.size() <= limit && isPlain(text)) {
         entries_.push_back({texts_.size(), text.size(), text.size(), style});
         texts_ += text;
         return;
     }
-    const std::string line = shownLine(singleLine(text));
+    const std::string line = shownLine(singleLine(text, limit));
     entries_.push_back({texts_.size(), line.size(), platform::characterCount(line), style});
     texts_ += line;
 }

@@ -20,7 +20,8 @@ public:
         Style style;
     };
 
-    void add(std::string_view text, Style style = Style::plain);
+    /// A text of more than `limit` characters is cut.
+    void add(std::string_view text, Style style = Style::plain, std::size_t limit = std::string_view::npos);
     void endRow();
 
     std::size_t count() const { return rowEnds_.size(); }
