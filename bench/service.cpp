@@ -7,6 +7,7 @@
 //   anything with a body             the body is read and dropped, and a small object answered
 // It serves one request a connection, one connection after another, and says "ready" once it listens.
 #include <charconv>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -15,7 +16,6 @@
 #include <string_view>
 #include <vector>
 
-#include <csignal>
 #include <net/if.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>

@@ -107,6 +107,19 @@ TEST(RawAnswers, ReachStandardOutputUnchanged) {
     EXPECT_EQ(result.status, 0);
 }
 
+TEST(RawAnswers, AreWholeUpToFourMegabytesAndGoOutAsTheyComeBeyond) {
+    const std::string interrupted = "Error: The connection to Orvane was interrupted. Please try again.\n";
+    for (const std::size_t length : {4U << 20U, (4U << 20U) + 1}) {
+        const std::string came(1'000'000, 'x');
+        const ScriptedService service(
+            {cutAnswer("HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(length) + "\r\n\r\n" + came)});
+        const ToolResult result = runTool({"node", "get", id});
+        EXPECT_EQ(result.out.size(), length > 4U << 20U ? came.size() : 0U);
+        EXPECT_EQ(result.err, interrupted);
+        EXPECT_EQ(result.status, 1);
+    }
+}
+
 TEST(Memory, ThatRunsOutIsAnError) {
 #ifdef __SANITIZE_ADDRESS__
     GTEST_SKIP() << "the sanitizer reserves more memory than any limit leaves";
