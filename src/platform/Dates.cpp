@@ -70,7 +70,11 @@ public:
     }
 
 private:
-    std::size_t digitCount() const { return std::min(text_.find_first_not_of("0123456789"), text_.size()); }
+    std::size_t digitCount() const {
+        const auto end =
+            std::find_if_not(text_.begin(), text_.end(), [](char byte) { return byte >= '0' && byte <= '9'; });
+        return static_cast<std::size_t>(end - text_.begin());
+    }
 
     std::string_view text_;
     bool failed_ = false;

@@ -110,7 +110,9 @@ void renderNodeListing(const NodeListing& listing) {
         return;
     }
     const OptionalColumns columns = optionalColumns(*nodes);
+    constexpr std::size_t maximumColumns = 9;
     TableRows rows;
+    rows.reserve((nodes->size() + 1) * maximumColumns);
     addHeader(rows, columns);
     for (const JsonObject& node : *nodes) {
         addNode(rows, node, columns);

@@ -63,6 +63,7 @@ std::string renderTabTable(const TableRows& rows, std::size_t tabWidth) {
     }
     const std::vector<std::size_t> stops = tabStops(rows, tabWidth);
     const bool isStyled = stdoutIsTerminal();
+    table.reserve(rows.textSize() * 2); // with room for tabs; what is not used is never touched
     for (std::size_t row = 0; row < rows.count(); ++row) {
         std::size_t position = 0;
         for (std::size_t column = 0; column < rows.columnCount(row); ++column) {

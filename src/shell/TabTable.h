@@ -20,10 +20,14 @@ public:
         Style style;
     };
 
+    /// Makes room for so many cells.
+    void reserve(std::size_t cells) { entries_.reserve(cells); }
     /// A text of more than `limit` characters is cut.
     void add(std::string_view text, Style style = Style::plain, std::size_t limit = std::string_view::npos);
     void endRow();
 
+    /// Of the texts of all cells, in bytes.
+    std::size_t textSize() const { return texts_.size(); }
     std::size_t count() const { return rowEnds_.size(); }
     std::size_t columnCount(std::size_t row) const { return rowEnds_[row] - rowStart(row); }
     Cell cell(std::size_t row, std::size_t column) const;
