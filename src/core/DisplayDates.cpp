@@ -32,26 +32,10 @@ std::string listingDate(platform::Instant date, platform::Instant now) {
     return text;
 }
 
-/// `text` without its last blank-separated word, with single blanks between the others.
-std::string withoutLastWord(std::string_view text) {
-    std::string result;
-    std::size_t end = 0; // of the words before the last
-    while (!text.empty()) {
-        const std::string_view word = text.substr(0, text.find(' '));
-        if (!word.empty()) {
-            end = result.size();
-            result.append(result.empty() ? "" : " ").append(word);
-        }
-        text.remove_prefix(std::min(word.size() + 1, text.size()));
-    }
-    result.resize(end);
-    return result;
-}
-
 } // namespace
 
 std::string formatDisplayDate(std::string_view text, platform::Instant now) {
-    const auto time = platform::parseDisplayTime(withoutLastWord(text));
+    const auto time = platform::parseDisplayTime(text);
     return time ? listingDate(platform::instantOfLocalTime(*time), now) : std::string(text);
 }
 

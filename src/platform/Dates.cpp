@@ -57,6 +57,20 @@ public:
         text_.remove_prefix(digits);
     }
 
+    void skipBlanks() { text_.remove_prefix(std::min(text_.find_first_not_of(' '), text_.size())); }
+
+    void expectBlanks() {
+        expect(" ");
+        skipBlanks();
+    }
+
+    /// Whatever stands before the next blank, one byte or more.
+    void expectWord() {
+        const std::size_t length = std::min(text_.find(' '), text_.size());
+        failed_ |= length == 0;
+        text_.remove_prefix(length);
+    }
+
     /// The number, from 1, of the month at the front.
     int month() {
         for (std::size_t i = 0; i < months.size(); ++i) {
@@ -131,18 +145,24 @@ std::optional<CivilTime> parseDisplayTime(std::string_view text) {
     constexpr int noon = 12;
     Scanner scanner(text);
     CivilTime time;
+    scanner.skipBlanks();
     time.month = scanner.month();
-    scanner.expect(" ");
+    scanner.expectBlanks();
     time.day = scanner.number(1, 2);
-    scanner.expect(", ");
+    scanner.expect(",");
+    scanner.expectBlanks();
     time.year = scanner.number(1, 4);
-    scanner.expect(", ");
+    scanner.expect(",");
+    scanner.expectBlanks();
     const int hour = scanner.number(1, 2);
     scanner.expect(":");
     time.minute = scanner.number(2, 2);
-    scanner.expect(" ");
+    scanner.expectBlanks();
     const bool isAfternoon = scanner.skip('P');
     scanner.expect(isAfternoon ? "M" : "AM");
+    scanner.expectBlanks();
+    scanner.expectWord();
+    scanner.skipBlanks();
     if (!scanner.isAtEnd() || hour < 1 || hour > noon || time.minute > 59 || !dateOf(time).ok()) {
         return std::nullopt;
     }

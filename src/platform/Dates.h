@@ -32,7 +32,8 @@ CivilTime localTime(Instant instant);
 /// clock skips counts from before the change.
 Instant instantOfLocalTime(const CivilTime& time);
 
-/// "Mar 7, 2024, 2:05 PM": month, day, year and the time on a twelve-hour clock. Nothing for any other text.
+/// "Mar 7, 2024, 2:05 PM PST": month, day, year, the time on a twelve-hour clock, and one word more, which is left
+/// aside; several blanks are like one. Nothing for any other text.
 std::optional<CivilTime> parseDisplayTime(std::string_view text);
 
 /// An ISO-8601 internet date-time with a zone, such as "2024-03-07T14:05:06.25+01:00"; fractions of a second are
