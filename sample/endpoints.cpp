@@ -13,7 +13,7 @@ namespace {
 
 struct Endpoint {
     std::string_view method;
-    std::string_view pattern; ///< "{id}" stands for any one word, always the third.
+    std::string_view pattern; ///< "{id}" and "{list}" stand for any one word.
     json::value (*handler)(Library&, const Request&);
 };
 
@@ -53,13 +53,24 @@ constexpr Endpoint endpoints[] = {
     {"GET", "/api/transcripts/{id}", readNode},
     {"GET", "/api/transcripts/{id}/delete-preview", previewTranscriptRemoval},
     {"POST", "/api/transcripts/{id}/delete", removeTranscript},
+    {"GET", "/api/ontology/v2/spaces", listSpaces},
+    {"POST", "/api/ontology/v2/spaces", createSpace},
+    {"GET", "/api/ontology/v2/{list}/{id}", readOntologyRecord},
+    {"PATCH", "/api/ontology/v2/{list}/{id}", changeOntologyRecord},
+    {"DELETE", "/api/ontology/v2/{list}/{id}", removeOntologyRecord},
+    {"POST", "/api/ontology/v2/assertions/{id}/replace", replaceAssertion},
+    {"POST", "/api/ontology/v2/assertions/{id}/supports", addSupport},
+    {"DELETE", "/api/ontology/v2/assertions/{id}/supports/{id}", removeSupport},
+    {"GET", "/api/ontology/v2/{list}/{id}/{list}", listBelowRecord},
+    {"POST", "/api/ontology/v2/{list}/{id}/{list}", createBelowRecord},
 };
 
 bool fits(const Endpoint& endpoint, const Request& request) {
     return endpoint.method == request.method &&
-           std::ranges::equal(
-               request.path, words(endpoint.pattern, "/"),
-               [](std::string_view word, std::string_view expected) { return word == expected || expected == "{id}"; });
+           std::ranges::equal(request.path, words(endpoint.pattern, "/"),
+                              [](std::string_view word, std::string_view expected) {
+                                  return word == expected || expected.starts_with('{');
+                              });
 }
 
 Response refusal(unsigned status, std::string_view message) {

@@ -44,4 +44,16 @@ json::value removeNode(Library& library, const Request& request);
 json::value previewTranscriptRemoval(Library& library, const Request& request);
 json::value removeTranscript(Library& library, const Request& request);
 
+// Of the ontology. The handlers without a name of their own serve every list in it.
+json::value listSpaces(Library& library, const Request& request);
+json::value createSpace(Library& library, const Request& request);
+json::value readOntologyRecord(Library& library, const Request& request);
+json::value changeOntologyRecord(Library& library, const Request& request);
+json::value removeOntologyRecord(Library& library, const Request& request);
+json::value listBelowRecord(Library& library, const Request& request);
+json::value createBelowRecord(Library& library, const Request& request);
+json::value replaceAssertion(Library& library, const Request& request);
+json::value addSupport(Library& library, const Request& request);
+json::value removeSupport(Library& library, const Request& request);
+
 } // namespace sample
