@@ -2,13 +2,30 @@
 
 #include "Version.h"
 #include "core/CommandModel.h"
+#include "core/OntologyGate.h"
 #include "extras/Extras.h"
 #include "library/Library.h"
+#include "ontology/Ontology.h"
 #include "shell/Shell.h"
 
 namespace orvane {
 
 namespace {
+
+std::vector<CommandType> subcommands() {
+    std::vector<CommandType> commands{
+        statusCommand(), whoamiCommand(),      checkInCommand(), profileCommand(),      searchCommand(),
+        teamCommand(),   integrationCommand(), nodeCommand(),    sourceCommand(),       contextCommand(),
+        folderCommand(), transcriptCommand(),  deleteCommand(),  lsCommand(),           findCommand(),
+        catCommand(),    headCommand(),        tailCommand(),    statCommand(),         grepCommand(),
+        mkdirCommand(),  teeCommand(),         sedCommand(),     replaceLinesCommand(), mvCommand(),
+        rmCommand(),     rmdirCommand(),
+    };
+    if (isOntologyEnabled(platform::infoDictionaryBoolean)) {
+        commands.push_back(ontologyCommand());
+    }
+    return commands;
+}
 
 struct OrvaneCLI final : ParsableCommand {
     static CommandConfiguration configuration() {
@@ -16,15 +33,7 @@ struct OrvaneCLI final : ParsableCommand {
             .commandName = "orvane-cli",
             .abstract = "Orvane CLI — access your personal context library from external agents.",
             .version = orvaneVersion,
-            .ungroupedSubcommands =
-                {
-                    statusCommand(), whoamiCommand(),      checkInCommand(), profileCommand(),      searchCommand(),
-                    teamCommand(),   integrationCommand(), nodeCommand(),    sourceCommand(),       contextCommand(),
-                    folderCommand(), transcriptCommand(),  deleteCommand(),  lsCommand(),           findCommand(),
-                    catCommand(),    headCommand(),        tailCommand(),    statCommand(),         grepCommand(),
-                    mkdirCommand(),  teeCommand(),         sedCommand(),     replaceLinesCommand(), mvCommand(),
-                    rmCommand(),     rmdirCommand(),
-                },
+            .ungroupedSubcommands = subcommands(),
         };
     }
 };

@@ -4,19 +4,20 @@
 
 namespace orvane {
 
-namespace {
-
-void passOn(ServiceRequest request) {
-    const ServiceReply reply =
-        sendServiceRequest(std::move(request), [](std::string_view piece) { platform::writeStandardOutput(piece); });
-    failOnErrorStatus(reply);
-    printRawResponse(reply.data);
-}
-
-} // namespace
-
 void printRawResponse(std::string_view data) {
     platform::writeStandardOutput({data, "\n"});
+}
+
+void passOn(ServiceRequest request, EmptyAnswer empty) {
+    bool isPassedOn = false;
+    const ServiceReply reply = sendServiceRequest(std::move(request), [&](std::string_view piece) {
+        isPassedOn = true;
+        platform::writeStandardOutput(piece);
+    });
+    failOnErrorStatus(reply);
+    if (isPassedOn || !reply.data.empty() || empty == EmptyAnswer::line) {
+        printRawResponse(reply.data);
+    }
 }
 
 void passOnGet(std::string path, std::chrono::seconds timeout) {

@@ -12,8 +12,14 @@ namespace orvane {
 /// Writes `data` byte for byte and one line feed to standard output.
 void printRawResponse(std::string_view data);
 
-/// Each makes a request and passes its answer on to standard output. A refusal is reported instead. They throw
-/// CLIError, or ExitCode behind a reported error.
+/// What an empty answer that is passed on becomes.
+enum class EmptyAnswer { line, nothing };
+
+/// Makes the request and passes its answer on to standard output, one above 4 MB while it comes in, so that no command
+/// holds what it only prints. A refusal is reported instead. Throws CLIError, or ExitCode behind a reported error.
+void passOn(ServiceRequest request, EmptyAnswer empty = EmptyAnswer::line);
+
+/// The same for the usual requests.
 void passOnGet(std::string path, std::chrono::seconds timeout = standardTimeout);
 void passOnPostJSON(std::string path, JsonBody body, std::chrono::seconds timeout = standardTimeout);
 void passOnDelete(std::string path, std::chrono::seconds timeout = standardTimeout);

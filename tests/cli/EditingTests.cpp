@@ -16,6 +16,8 @@ TEST(Mkdir, CreatesAFolder) {
         row("mkdir N " + other + " --emoji 🌱", post + R"({"name":"N","parentId":")" + other + R"(","emoji":"🌱"})",
             R"({"name":"","id":7})", "created folder\n"),
         row({"mkdir", ""}, post + R"({"name":""})", "[]", "[]\n"),
+        row("mkdir N", plain, R"({"name":")" + std::string(81, 'n') + "\"}",
+            "created folder \"" + std::string(79, 'n') + "…\"\n"),
         onTerminal(row("mkdir N", plain, R"({"name":"N","id":"i"})",
                        "\x1B[32mcreated folder\x1B[0m \x1B[1m\"N\"\x1B[0m  \x1B[36mi\x1B[0m\n")),
     });

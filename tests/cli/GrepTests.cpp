@@ -59,6 +59,13 @@ TEST(Grep, ShowsEachResultAsABlock) {
                   Output::terminal());
 }
 
+TEST(Grep, PrintsManyResultsOnce) {
+    const std::string body(70'000, 'x');
+    const std::string result = R"({"id":"i","body":")" + body + "\"}";
+    const std::string block = "i    me  \n    " + body + "\n\n";
+    expectResults({Reply(R"({"results":[)" + result + "," + result + "]}", block + block)});
+}
+
 TEST(Grep, TellsHowToGoOnAndWhereItStopped) {
     const std::string next = "Next page: repeat with --page-token 'a'b' and the same parameters.\n";
     const std::string rest = "; no page token does not prove there are no additional literal matches.\n";

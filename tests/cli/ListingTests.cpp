@@ -73,13 +73,13 @@ TEST(Listing, LaysOutTheColumnsThatThePageNeeds) {
                           {"kind":"x","id":"2","name":")" +
                  start + R"( \nmmmmmmmmm","originalUpdatedAt":"",
                            "updatedAt":"Mar 7, 2024, 2:05 PM PST","sourceOwner":{"displayName":"Ann"}},
-                          {"sourceOwner":{"email":"","displayName":"B"},"kind":7,"name":"春"}]})",
+                          {"sourceOwner":{"email":"","displayName":"B"},"kind":7,"name":"春","id":"3 "}]})",
              "kind\t\towner\tupdated\t\tid\tname\n"
              "orvane_context\tme\tMar  7  2024\t1\tCafe\xCC\x81 au lait\n"
              "x\t\tAnn\t\t\t2\t" +
                  start +
                  "…\n"
-                 "\t\t\t\t\t\t春\n",
+                 "\t\t\t\t\t3\t春\n",
              "41-43"),
         page(R"({"nodes":[{"kind":"12345678","initiated":"","threadId":"t1","id":"1","sharedWith":[]},
                           {"kind":"k","executionMode":"cloud","sharedWith":[{"audience":"user"}]}]})",

@@ -1,0 +1,39 @@
+#include "ontology/Drafts.h"
+
+#include "core/CLIError.h"
+#include "platform/Files.h"
+#include "platform/Json.h"
+#include "platform/Streams.h"
+
+namespace orvane {
+
+namespace {
+
+std::string readDraft(const FilePath& path) {
+    if (path.bytes == "-") {
+        return platform::readStandardInput();
+    }
+    std::optional<std::string> text = platform::readFile(platform::expandTilde(path.bytes));
+    if (!text) {
+        throw CLIError::invalidInput("File not found: " + path.bytes);
+    }
+    return *std::move(text);
+}
+
+} // namespace
+
+OntologyDraft readOntologyJSONObject(const FilePath& path, std::string_view label) {
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    std::string json = readDraft(path);
+    if (json.starts_with(byteOrderMark)) {
+        json.erase(0, byteOrderMark.size());
+    }
+    const auto document = platform::JsonDocument::parseObject(json);
+    if (!document) {
+        throw CLIError::invalidInput(std::string(label) + " must contain one JSON object.");
+    }
+    const bool isEmpty = document->object().sortedKeys().empty();
+    return {std::move(json), isEmpty};
+}
+
+} // namespace orvane
