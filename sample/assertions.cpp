@@ -100,9 +100,12 @@ std::string createAssertion(Library& library, const Record& place, json::object 
 }
 
 void checkObject(const Library& library, const Record& object) {
+    const auto fields = fieldsOfType(library, text(object, "typeId"));
     for (const Record& assertion : recordsWith(library, "assertions", "objectId", text(object, "id"))) {
-        if (!isReplaced(library, assertion)) {
-            checkAssertion(library, assertion);
+        if (!isReplaced(library, assertion) && std::ranges::none_of(fields, [&](const Record& field) {
+                return field.at("id") == assertion.at("fieldId");
+            })) {
+            throw RequestError(409, "The Object has Assertions about Fields that the Type does not have.");
         }
     }
 }

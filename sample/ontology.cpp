@@ -55,7 +55,9 @@ const Below& askedPlace(Library& library, const Request& request) {
         throw RequestError(404, "The ontology does not know " + request.method + " of " + request.path.at(5) +
                                     " below the " + askedList(request) + ".");
     }
-    askedRecord(library, request);
+    if (isReplaced(library, askedRecord(library, request)) && request.method == "POST") {
+        throw RequestError(409, "This Assertion has been replaced and takes no more children.");
+    }
     return *found;
 }
 
