@@ -146,6 +146,31 @@ TEST(Journey, LeavesTheLibraryAsItBegan) {
     EXPECT_EQ(output({"find", contextsRoot, "--json", "--limit", "500"}), before);
 }
 
+TEST(Journey, ListsWhatEachGroupHolds) {
+    const SampleLibrary library;
+    const std::string note = answeredId(output({"context", "create", "--title", "Kettle", "--folder", projects}));
+    const struct {
+        std::vector<std::string> arguments;
+        std::string listed;
+        std::string left;
+    } lists[] = {
+        {{"context", "list", "--limit", "1"}, R"("folderId":")" + projects, R"("name":"Working agreements")"},
+        {{"folder", "list"}, R"("id":")" + projects, note},
+        {{"folder", "get", projects}, R"("contexts":[{"id":")" + note, transcript},
+        {{"source", "list", "--source-type", "transcript"}, codex, contextsRoot},
+        {{"source", "list", "--parent-id", codex}, transcript, note},
+        {{"transcript", "list", "--type", "codex"}, transcript, "claude_code_chat"},
+        {{"integration", "list", "--platform", "codex", "--status", "active"}, codex, "team_remote"},
+        {{"team", "list"}, R"("members":[{"id")", note},
+    };
+    for (const auto& [arguments, listed, left] : lists) {
+        EXPECT_THAT(output(arguments), AllOf(HasSubstr(listed), testing::Not(HasSubstr(left))))
+            << testing::PrintToString(arguments);
+    }
+    EXPECT_THAT(failure({"folder", "get", note}), HasSubstr("is of kind orvane_context"));
+    EXPECT_THAT(failure({"integration", "list", "--team-id", "none"}), HasSubstr("No team"));
+}
+
 TEST(Journey, KeepsTheProfile) {
     const SampleLibrary library;
     EXPECT_EQ(output({"profile", "get", "--section", "phone"}), R"({"section":"phone","value":null})"
@@ -196,7 +221,8 @@ TEST(Journey, BuildsAnOntologyAndTakesItDown) {
     const std::string second = answeredId(ask({"object", "create", space, type}));
     const std::string page = ask({"objects", "--space-id", space, "--limit", "1"});
     EXPECT_THAT(page, AllOf(HasSubstr(object), testing::Not(HasSubstr(second)), HasSubstr("nextPageToken")));
-    EXPECT_THAT(ask({"objects", "--space-id", space, "--page-token", "1"}), HasSubstr(second));
+    EXPECT_THAT(ask({"objects", "--space-id", space, "--page-token", "1"}),
+                AllOf(HasSubstr(second), testing::Not(HasSubstr(object))));
 
     const auto draft = [&](const std::string& value) {
         return R"({"fieldId":")" + field + R"(","value":")" + value + R"("})";
