@@ -13,7 +13,7 @@ namespace {
 
 struct Endpoint {
     std::string_view method;
-    std::string_view pattern; ///< "{id}" stands for any one word, always the third.
+    std::string_view pattern; ///< "{id}" and "{list}" stand for any one word.
     json::value (*handler)(Library&, const Request&);
 };
 
@@ -22,10 +22,20 @@ constexpr Endpoint endpoints[] = {
     {"GET", "/api/status", status},
     {"GET", "/api/whoami", whoami},
     {"GET", "/api/check-in", checkIn},
+    {"GET", "/api/profile", readProfile},
+    {"POST", "/api/profile/edit-field", editProfileField},
+    {"POST", "/api/profile/edit-text", editProfileText},
+    {"POST", "/api/profile/add-card", addProfileCard},
+    {"POST", "/api/profile/update-card", updateProfileCard},
+    {"POST", "/api/profile/remove-card", removeProfileCard},
+    {"GET", "/api/teams", listTeams},
+    {"GET", "/api/integrations", listIntegrations},
     {"GET", "/api/nodes", listNodes},
     {"GET", "/api/nodes/search", searchNodes},
     {"GET", "/api/nodes/{id}", readNode},
+    {"GET", "/api/sources", listSources},
     {"GET", "/api/sources/{id}", readNode},
+    {"GET", "/api/contexts", listCollection},
     {"GET", "/api/contexts/search", searchContexts},
     {"GET", "/api/contexts/{id}", readNode},
     {"POST", "/api/contexts", createContext},
@@ -33,20 +43,34 @@ constexpr Endpoint endpoints[] = {
     {"POST", "/api/contexts/{id}/rename", renameNode},
     {"POST", "/api/contexts/{id}/move", moveNode},
     {"DELETE", "/api/contexts/{id}", removeNode},
+    {"GET", "/api/folders", listCollection},
+    {"GET", "/api/folders/{id}", readFolder},
     {"POST", "/api/folders", createFolder},
     {"POST", "/api/folders/{id}/rename", renameNode},
     {"POST", "/api/folders/{id}/move", moveNode},
     {"DELETE", "/api/folders/{id}", removeNode},
+    {"GET", "/api/transcripts", listTranscripts},
     {"GET", "/api/transcripts/{id}", readNode},
     {"GET", "/api/transcripts/{id}/delete-preview", previewTranscriptRemoval},
     {"POST", "/api/transcripts/{id}/delete", removeTranscript},
+    {"GET", "/api/ontology/v2/spaces", listSpaces},
+    {"POST", "/api/ontology/v2/spaces", createSpace},
+    {"GET", "/api/ontology/v2/{list}/{id}", readOntologyRecord},
+    {"PATCH", "/api/ontology/v2/{list}/{id}", changeOntologyRecord},
+    {"DELETE", "/api/ontology/v2/{list}/{id}", removeOntologyRecord},
+    {"POST", "/api/ontology/v2/assertions/{id}/replace", replaceAssertion},
+    {"POST", "/api/ontology/v2/assertions/{id}/supports", addSupport},
+    {"DELETE", "/api/ontology/v2/assertions/{id}/supports/{id}", removeSupport},
+    {"GET", "/api/ontology/v2/{list}/{id}/{list}", listBelowRecord},
+    {"POST", "/api/ontology/v2/{list}/{id}/{list}", createBelowRecord},
 };
 
 bool fits(const Endpoint& endpoint, const Request& request) {
     return endpoint.method == request.method &&
-           std::ranges::equal(
-               request.path, words(endpoint.pattern, "/"),
-               [](std::string_view word, std::string_view expected) { return word == expected || expected == "{id}"; });
+           std::ranges::equal(request.path, words(endpoint.pattern, "/"),
+                              [](std::string_view word, std::string_view expected) {
+                                  return word == expected || expected.starts_with('{');
+                              });
 }
 
 Response refusal(unsigned status, std::string_view message) {

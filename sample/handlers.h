@@ -14,8 +14,22 @@ json::value status(Library& library, const Request& request);
 json::value whoami(Library& library, const Request& request);
 json::value checkIn(Library& library, const Request& request);
 
+json::value readProfile(Library& library, const Request& request);
+json::value editProfileField(Library& library, const Request& request);
+json::value editProfileText(Library& library, const Request& request);
+json::value addProfileCard(Library& library, const Request& request);
+json::value updateProfileCard(Library& library, const Request& request);
+json::value removeProfileCard(Library& library, const Request& request);
+
+json::value listTeams(Library& library, const Request& request);
+json::value listIntegrations(Library& library, const Request& request);
+
 json::value listNodes(Library& library, const Request& request);
 json::value readNode(Library& library, const Request& request);
+json::value listCollection(Library& library, const Request& request); ///< All contexts, or all folders.
+json::value listSources(Library& library, const Request& request);
+json::value listTranscripts(Library& library, const Request& request);
+json::value readFolder(Library& library, const Request& request);
 json::value searchNodes(Library& library, const Request& request);
 json::value searchContexts(Library& library, const Request& request);
 
@@ -29,5 +43,17 @@ json::value removeNode(Library& library, const Request& request);
 
 json::value previewTranscriptRemoval(Library& library, const Request& request);
 json::value removeTranscript(Library& library, const Request& request);
+
+// Of the ontology. The handlers without a name of their own serve every list in it.
+json::value listSpaces(Library& library, const Request& request);
+json::value createSpace(Library& library, const Request& request);
+json::value readOntologyRecord(Library& library, const Request& request);
+json::value changeOntologyRecord(Library& library, const Request& request);
+json::value removeOntologyRecord(Library& library, const Request& request);
+json::value listBelowRecord(Library& library, const Request& request);
+json::value createBelowRecord(Library& library, const Request& request);
+json::value replaceAssertion(Library& library, const Request& request);
+json::value addSupport(Library& library, const Request& request);
+json::value removeSupport(Library& library, const Request& request);
 
 } // namespace sample

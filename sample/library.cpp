@@ -90,6 +90,13 @@ Library readLibrary(const std::string& content) {
         checkNode(library, node);
         library.nodes.push_back(std::move(node));
     }
+    if (json::value* ontology = library.account.if_contains("ontology")) {
+        json::object lists = ontology->as_object();
+        for (const auto& member : ontology->as_object()) {
+            library.records[member.key()] = takeObjects(lists, member.key());
+        }
+        library.account.erase("ontology");
+    }
     return library;
 }
 

@@ -1,8 +1,9 @@
 // The library's content, kept as the JSON it is read from. A node has the keys of the record that clients see, its
 // times in ISO-8601, and besides: "parentId", "owner" (a user's id), "text", a message's "mail", and a session's
-// "repo".
+// "repo". The records of the ontology stand under "ontology", in lists by the words of their paths.
 #pragma once
 
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,6 +20,8 @@ struct Library {
     boost::json::object account;            ///< What else the file holds: version, teams, profile, …
     std::vector<boost::json::object> users; ///< The signed-in user stands first.
     std::vector<Node> nodes;                ///< Each has an owner among the users. In the file parents stand first.
+
+    std::map<std::string, std::vector<boost::json::object>> records; ///< Of the ontology, by list.
 
     const Node* findNode(std::string_view id) const; ///< The case of letters does not matter.
     const boost::json::object* findUser(std::string_view id) const;

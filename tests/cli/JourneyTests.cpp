@@ -10,6 +10,7 @@
 #include "support/ToolRunner.h"
 
 using namespace testsupport;
+using testing::AllOf;
 using testing::ContainsRegex;
 using testing::HasSubstr;
 
@@ -40,6 +41,11 @@ std::string failure(const std::vector<std::string>& arguments) {
 std::string reportedId(const std::string& report) {
     const std::string id = report.substr(report.rfind("  ") + 2);
     return id.substr(0, id.find('\n'));
+}
+
+/// The id that a record begins with.
+std::string answeredId(const std::string& record) {
+    return record.substr(std::string(R"({"id":")").size(), 36);
 }
 
 std::string instant(std::chrono::minutes fromNow) {
@@ -138,6 +144,108 @@ TEST(Journey, LeavesTheLibraryAsItBegan) {
     EXPECT_EQ(output({"rmdir", folder}), "deleted folder  " + folder + "\n");
     EXPECT_THAT(failure({"cat", context}), HasSubstr("error: "));
     EXPECT_EQ(output({"find", contextsRoot, "--json", "--limit", "500"}), before);
+}
+
+TEST(Journey, ListsWhatEachGroupHolds) {
+    const SampleLibrary library;
+    const std::string note = answeredId(output({"context", "create", "--title", "Kettle", "--folder", projects}));
+    const struct {
+        std::vector<std::string> arguments;
+        std::string listed;
+        std::string left;
+    } lists[] = {
+        {{"context", "list", "--limit", "1"}, R"("folderId":")" + projects, R"("name":"Working agreements")"},
+        {{"folder", "list"}, R"("id":")" + projects, note},
+        {{"folder", "get", projects}, R"("contexts":[{"id":")" + note, transcript},
+        {{"source", "list", "--source-type", "transcript"}, codex, contextsRoot},
+        {{"source", "list", "--parent-id", codex}, transcript, note},
+        {{"transcript", "list", "--type", "codex"}, transcript, "claude_code_chat"},
+        {{"integration", "list", "--platform", "codex", "--status", "active"}, codex, "team_remote"},
+        {{"team", "list"}, R"("members":[{"id")", note},
+    };
+    for (const auto& [arguments, listed, left] : lists) {
+        EXPECT_THAT(output(arguments), AllOf(HasSubstr(listed), testing::Not(HasSubstr(left))))
+            << testing::PrintToString(arguments);
+    }
+    EXPECT_THAT(failure({"folder", "get", note}), HasSubstr("is of kind orvane_context"));
+    EXPECT_THAT(failure({"integration", "list", "--team-id", "none"}), HasSubstr("No team"));
+}
+
+TEST(Journey, KeepsTheProfile) {
+    const SampleLibrary library;
+    EXPECT_EQ(output({"profile", "get", "--section", "phone"}), R"({"section":"phone","value":null})"
+                                                                "\n");
+    output({"profile", "edit-field", "--field", "phone", "--value", "555 0100"});
+    EXPECT_EQ(output({"profile", "get", "--section", "phone"}), R"({"section":"phone","value":"555 0100"})"
+                                                                "\n");
+    EXPECT_THAT(failure({"profile", "edit-field", "--field", "projects", "--value", "x"}), HasSubstr("must be one of"));
+
+    const std::string before = output({"profile", "get", "--section", "projects"});
+    EXPECT_THAT(output({"profile", "add-card", "--section", "projects", "--fields", R"({"name":"Shelf"})"}),
+                HasSubstr("\"index\":1"));
+    EXPECT_THAT(
+        output({"profile", "update-card", "--section", "projects", "--index", "1", "--updates", R"({"d":"x"})"}),
+        HasSubstr(R"({"name":"Shelf","d":"x"})"));
+    EXPECT_THAT(failure({"profile", "remove-card", "--section", "projects", "--index", "2"}), HasSubstr("2 cards"));
+    output({"profile", "remove-card", "--section", "projects", "--index", "1"});
+    EXPECT_EQ(output({"profile", "get", "--section", "projects"}), before);
+}
+
+TEST(Journey, BuildsAnOntologyAndTakesItDown) {
+    const SampleLibrary library;
+    const auto ask = [](std::vector<std::string> arguments, const std::string& draft = "") {
+        arguments.insert(arguments.begin(), "ontology");
+        return output(arguments, draft.empty() ? Input{} : Input::pipe(draft));
+    };
+    const auto refusal = [](std::vector<std::string> arguments) {
+        arguments.insert(arguments.begin(), "ontology");
+        return failure(arguments);
+    };
+    const std::string before = ask({"spaces"});
+    const std::string space = answeredId(ask({"space", "create", "Cellar", "--emoji", "x"}));
+    EXPECT_THAT(ask({"space", "update", space, "--clear-emoji"}), testing::Not(HasSubstr("emoji")));
+
+    const std::string colour = answeredId(ask({"enum", "create", space, "Colour"}));
+    const std::string late = answeredId(ask({"enum-case", "create", colour, "Red", "--sort-index", "1"}));
+    const std::string early = answeredId(ask({"enum-case", "create", colour, "Blue"}));
+    EXPECT_THAT(ask({"enum-cases", colour}), ContainsRegex(early + ".*" + late));
+
+    const std::string type = answeredId(ask({"type", "create", space, "Box"}));
+    const std::string field = answeredId(
+        ask({"field", "create", "--type-id", type, "--from-file", "-"},
+            R"({"name":"Colour","maxCount":1,"definition":{"kind":"enum","enumTypeId":")" + colour + R"("}})"));
+    const std::string heir = answeredId(ask({"type", "create", space, "Crate", "--inherits-from-type-id", type}));
+    EXPECT_THAT(ask({"fields", heir}), HasSubstr(field));
+
+    const std::string object = answeredId(ask({"object", "create", space, heir}));
+    const std::string second = answeredId(ask({"object", "create", space, type}));
+    const std::string page = ask({"objects", "--space-id", space, "--limit", "1"});
+    EXPECT_THAT(page, AllOf(HasSubstr(object), testing::Not(HasSubstr(second)), HasSubstr("nextPageToken")));
+    EXPECT_THAT(ask({"objects", "--space-id", space, "--page-token", "1"}),
+                AllOf(HasSubstr(second), testing::Not(HasSubstr(object))));
+
+    const auto draft = [&](const std::string& value) {
+        return R"({"fieldId":")" + field + R"(","value":")" + value + R"("})";
+    };
+    const std::string old =
+        answeredId(ask({"assertion", "create", "--object-id", object, "--from-file", "-"}, draft(late)));
+    const std::string corrected = answeredId(ask({"assertion", "update", old, "--from-file", "-"}, draft(early)));
+    EXPECT_THAT(ask({"assertions", object}),
+                AllOf(HasSubstr(R"("id":")" + corrected), testing::Not(HasSubstr(R"("id":")" + old))));
+    EXPECT_THAT(ask({"assertion", "add-support", corrected, transcript}), HasSubstr(transcript));
+    EXPECT_THAT(ask({"assertion", "remove-support", corrected, transcript}), testing::Not(HasSubstr(transcript)));
+
+    const std::vector<std::string> takenDown[] = {
+        {"assertion", corrected}, {"assertion", old}, {"object", object},   {"object", second},  {"type", heir},
+        {"field", field},         {"type", type},     {"enum-case", early}, {"enum-case", late}, {"enum", colour}};
+    EXPECT_THAT(refusal({"object", "delete", object}), HasSubstr("in use"));
+    EXPECT_THAT(refusal({"type", "delete", type}), HasSubstr("in use"));
+    for (const auto& each : takenDown) {
+        EXPECT_THAT(refusal({"space", "delete", space}), HasSubstr("in use"));
+        ask({each.front(), "delete", each.back()});
+    }
+    EXPECT_EQ(ask({"space", "delete", space}), "Deleted space " + space + "\n");
+    EXPECT_EQ(ask({"spaces"}), before);
 }
 
 } // namespace
