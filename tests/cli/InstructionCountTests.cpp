@@ -28,7 +28,8 @@ struct CountedRun {
 };
 
 /// The figures of the release preset with the compiler and the C library of Debian 12. When a change is meant to alter
-/// them, run `build/release/tests/orvane-tests --gtest_filter='InstructionCounts.*'` and write down what a failure reports.
+/// them, run `build/release/tests/orvane-tests --gtest_filter='InstructionCounts.*'` and write down what a failure
+/// reports.
 const std::vector<CountedRun> countedRuns{
     {{"--version"}, 0, 70'900},
     {{"ls", "not-a-uuid"}, 64, 244'600},
