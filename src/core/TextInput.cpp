@@ -40,6 +40,14 @@ std::optional<std::string> readPipedText() {
     return bytes && platform::isValidUtf8(*bytes) ? std::move(bytes) : std::nullopt;
 }
 
+std::string requireReport(const std::optional<std::string>& argument, std::string_view message) {
+    std::optional<std::string> report = argument ? argument : readPipedText();
+    if (!report || platform::trimmed(*report).empty()) {
+        throw ValidationError{std::string(message)};
+    }
+    return *std::move(report);
+}
+
 std::string TextOrFile::read() const {
     return file ? readTextFile(*file) : *text;
 }

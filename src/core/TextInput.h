@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "core/CommandModel.h"
 
@@ -20,6 +21,10 @@ std::optional<std::string> readPipedBytes();
 
 /// The same, but nothing when it is not valid UTF-8.
 std::optional<std::string> readPipedText();
+
+/// The text of a report: the argument, or what is piped where there is none, unchanged. Throws ValidationError with
+/// `message` when there is no text but white space.
+std::string requireReport(const std::optional<std::string>& argument, std::string_view message);
 
 /// A text that is given as itself or as a file's; a command sees to it that just one of the two is.
 struct TextOrFile {
