@@ -28,6 +28,14 @@ void passOnPostJSON(std::string path, JsonBody body, std::chrono::seconds timeou
     passOn({.method = "POST", .path = std::move(path), .json = std::move(body).finish(), .timeout = timeout});
 }
 
+void passOnPutJSON(std::string path, JsonBody body, std::chrono::seconds timeout) {
+    passOn({.method = "PUT", .path = std::move(path), .json = std::move(body).finish(), .timeout = timeout});
+}
+
+void passOnDeleteJSON(std::string path, JsonBody body, std::chrono::seconds timeout) {
+    passOn({.method = "DELETE", .path = std::move(path), .json = std::move(body).finish(), .timeout = timeout});
+}
+
 void passOnDelete(std::string path, std::chrono::seconds timeout) {
     passOn({.method = "DELETE", .path = std::move(path), .timeout = timeout});
 }

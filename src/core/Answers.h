@@ -22,6 +22,8 @@ void passOn(ServiceRequest request, EmptyAnswer empty = EmptyAnswer::line);
 /// The same for the usual requests.
 void passOnGet(std::string path, std::chrono::seconds timeout = standardTimeout);
 void passOnPostJSON(std::string path, JsonBody body, std::chrono::seconds timeout = standardTimeout);
+void passOnPutJSON(std::string path, JsonBody body, std::chrono::seconds timeout = standardTimeout);
+void passOnDeleteJSON(std::string path, JsonBody body, std::chrono::seconds timeout = standardTimeout);
 void passOnDelete(std::string path, std::chrono::seconds timeout = standardTimeout);
 
 /// Gives the object that a successful answer holds to `render`. One that holds none is no failure: it is passed on.

@@ -26,6 +26,12 @@ void validateUUID(std::string_view text) {
     }
 }
 
+void validateUUID(std::string_view text, std::string_view label) {
+    if (!isUUID(text)) {
+        throw ValidationError{std::string(label) + " must be a UUID."};
+    }
+}
+
 void requireUUID(std::string_view text, std::string_view what) {
     if (!isUUID(text)) {
         throw CLIError::invalidInput("Invalid " + std::string(what) + ": " + std::string(text));
@@ -33,9 +39,7 @@ void requireUUID(std::string_view text, std::string_view what) {
 }
 
 std::string canonicalUUID(std::string_view text, std::string_view label) {
-    if (!isUUID(text)) {
-        throw ValidationError{std::string(label) + " must be a UUID."};
-    }
+    validateUUID(text, label);
     return platform::lowercased(text);
 }
 

@@ -14,6 +14,9 @@ bool isUUID(std::string_view text);
 /// Throws ValidationError "Invalid UUID: …" unless `text` is a UUID. For an id that a command reads.
 void validateUUID(std::string_view text);
 
+/// The same as "<label> must be a UUID.", for an id among other inputs.
+void validateUUID(std::string_view text, std::string_view label);
+
 /// The same as a CLIError, for checks made while a command runs: "Invalid <what>: …".
 void requireUUID(std::string_view text, std::string_view what = "UUID");
 

@@ -1,5 +1,6 @@
 #include "core/JsonBody.h"
 
+#include "platform/Base64.h"
 #include "platform/Json.h"
 
 namespace orvane {
@@ -36,6 +37,14 @@ JsonBody& JsonBody::set(std::string_view key, const JsonBody& value) {
 
 JsonBody& JsonBody::set(std::string_view key, const std::vector<JsonBody>& values) {
     return setList(key, values, [this](const JsonBody& value) { text_.append(value.text_).append("}"); });
+}
+
+JsonBody& JsonBody::setBase64(std::string_view key, std::string_view bytes) {
+    appendKey(key);
+    text_ += '"';
+    platform::appendBase64(text_, bytes);
+    text_ += '"';
+    return *this;
 }
 
 JsonBody& JsonBody::setNull(std::string_view key) {

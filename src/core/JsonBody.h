@@ -20,6 +20,13 @@ public:
     JsonBody& set(std::string_view key, const std::vector<std::string>& values);
     JsonBody& set(std::string_view key, const JsonBody& value);
     JsonBody& set(std::string_view key, const std::vector<JsonBody>& values);
+    /// A member of a closed set goes in as its raw text.
+    template <argumentparser::ClosedSetMember Member>
+    JsonBody& set(std::string_view key, Member value) {
+        return set(key, argumentparser::rawText(value));
+    }
+    /// `bytes` go in as a text in base64.
+    JsonBody& setBase64(std::string_view key, std::string_view bytes);
     JsonBody& setNull(std::string_view key);
     /// `json` is a value in JSON, such as one that the user wrote; it goes in byte for byte.
     JsonBody& setJson(std::string_view key, std::string_view json);

@@ -35,6 +35,20 @@ std::string homeFromUserFile(IsWanted isWanted) {
     return user == nullptr ? std::string() : user->pw_dir;
 }
 
+std::error_code readFile(const std::string& path, std::string& text) {
+    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0) {
+        return {errno, std::generic_category()};
+    }
+    struct stat status {};
+    if (::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode)) {
+        text.reserve(static_cast<std::size_t>(status.st_size));
+    }
+    const std::error_code error = readToEnd(descriptor, text);
+    ::close(descriptor);
+    return error;
+}
+
 } // namespace
 
 std::string homeDirectory() {
@@ -61,18 +75,16 @@ bool fileExists(const std::string& path) {
 }
 
 std::optional<std::string> readFile(const std::string& path) {
-    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    if (descriptor < 0) {
-        return std::nullopt;
-    }
     std::string text;
-    struct stat status {};
-    if (::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode)) {
-        text.reserve(static_cast<std::size_t>(status.st_size));
+    return readFile(path, text) ? std::nullopt : std::optional(std::move(text));
+}
+
+std::string readFileOrThrow(const std::string& path) {
+    std::string text;
+    if (const std::error_code error = readFile(path, text)) {
+        throw std::system_error(error, "Could not read " + path);
     }
-    const std::error_code error = readToEnd(descriptor, text);
-    ::close(descriptor);
-    return error ? std::nullopt : std::optional(std::move(text));
+    return text;
 }
 
 std::error_code readToEnd(int descriptor, std::string& text) {
@@ -101,6 +113,11 @@ std::string currentDirectory() {
     std::string path(directory);
     std::free(directory);
     return path;
+}
+
+std::string_view lastPathComponent(std::string_view path) {
+    path = path.substr(0, path.find_last_not_of('/') + 1);
+    return path.substr(path.rfind('/') + 1);
 }
 
 std::string standardizedPath(std::string_view path) {
