@@ -14,12 +14,13 @@ namespace {
 
 std::vector<CommandType> subcommands() {
     std::vector<CommandType> commands{
-        statusCommand(), whoamiCommand(),      checkInCommand(), profileCommand(),      searchCommand(),
-        teamCommand(),   integrationCommand(), nodeCommand(),    sourceCommand(),       contextCommand(),
-        folderCommand(), transcriptCommand(),  deleteCommand(),  lsCommand(),           findCommand(),
-        catCommand(),    headCommand(),        tailCommand(),    statCommand(),         grepCommand(),
-        mkdirCommand(),  teeCommand(),         sedCommand(),     replaceLinesCommand(), mvCommand(),
-        rmCommand(),     rmdirCommand(),
+        statusCommand(),      whoamiCommand(), analyticsCommand(), feedbackCommand(),     checkInCommand(),
+        profileCommand(),     searchCommand(), teamCommand(),      sharingCommand(),      assetCommand(),
+        integrationCommand(), nodeCommand(),   sourceCommand(),    contextCommand(),      folderCommand(),
+        transcriptCommand(),  deleteCommand(), lsCommand(),        findCommand(),         catCommand(),
+        headCommand(),        tailCommand(),   statCommand(),      grepCommand(),         modalityCommand(),
+        mkdirCommand(),       teeCommand(),    sedCommand(),       replaceLinesCommand(), mvCommand(),
+        rmCommand(),          rmdirCommand(),
     };
     if (isOntologyEnabled(platform::infoDictionaryBoolean)) {
         commands.push_back(ontologyCommand());

@@ -1,4 +1,5 @@
-// The words of the account: whether the application is there, and who is signed in.
+// The account and what surrounds the library: who is signed in, what was used, who else has what, images of contexts,
+// and what the user has to say.
 #pragma once
 
 #include "ArgumentParser/CommandType.h"
@@ -7,5 +8,10 @@ namespace orvane {
 
 argumentparser::CommandType statusCommand();
 argumentparser::CommandType whoamiCommand();
+argumentparser::CommandType analyticsCommand();
+argumentparser::CommandType feedbackCommand();
+argumentparser::CommandType sharingCommand();
+argumentparser::CommandType assetCommand();
+argumentparser::CommandType modalityCommand();
 
 } // namespace orvane

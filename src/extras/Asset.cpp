@@ -1,0 +1,125 @@
+// `asset`: the images of contexts.
+#include "core/CLIError.h"
+#include "core/Identifiers.h"
+#include "core/ServiceClient.h"
+#include "core/Style.h"
+#include "extras/Extras.h"
+#include "platform/Files.h"
+#include "platform/Json.h"
+#include "platform/PrivateFiles.h"
+#include "platform/Streams.h"
+#include "platform/Text.h"
+
+namespace orvane {
+
+namespace {
+
+constexpr std::string_view canonicalOrigin = "https://assets.orvane.app/";
+constexpr const char* assetHelp = "Asset UUID or canonical assets.orvane.app URL.";
+constexpr const char* noAsset = "asset must be a UUID or canonical assets.orvane.app URL.";
+
+/// What stands in the place of the asset's id in a canonical URL; empty for any other text. A user, a port, a query, a
+/// fragment or an escape make another text of it, and so need no look of their own.
+std::string_view idInCanonicalURL(std::string_view url) {
+    if (!url.starts_with(canonicalOrigin)) {
+        return {};
+    }
+    std::vector<std::string_view> pieces = platform::split(url.substr(canonicalOrigin.size()), '/');
+    std::erase(pieces, std::string_view());
+    return pieces.size() == 2 && pieces.front() == "v1" ? pieces.back() : std::string_view();
+}
+
+/// The id of the asset that a UUID or a URL names, in lower case. Throws ValidationError.
+std::string resolvedAsset(std::string_view reference) {
+    const std::string_view id = isUUID(reference) ? reference : idInCanonicalURL(reference);
+    if (!isUUID(id)) {
+        throw ValidationError{noAsset};
+    }
+    return platform::lowercased(id);
+}
+
+/// What the bytes of an image begin with, whatever anyone says about them.
+std::string_view extensionOf(std::string_view image) {
+    if (image.starts_with("\x89PNG")) {
+        return "png";
+    }
+    if (image.starts_with("\xFF\xD8\xFF")) {
+        return "jpg";
+    }
+    if (image.starts_with("GIF8")) {
+        return "gif";
+    }
+    if (image.size() >= 12 && image.starts_with("RIFF") && image.substr(8, 4) == "WEBP") {
+        return "webp";
+    }
+    return "bin";
+}
+
+struct AssetGet final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "get", .abstract = "Download an image asset to the system temporary directory."};
+    }
+
+    Argument<std::string> asset{*this, "asset", assetHelp};
+
+    void run() const override {
+        const std::string id = resolvedAsset(*asset);
+        const ServiceReply reply = serviceGet("/api/assets/" + id);
+        failOnErrorStatus(reply);
+        const platform::PrivateFile file{.directory = platform::temporaryDirectory() + "/orvane-assets",
+                                         .name = id + "." + std::string(extensionOf(reply.data))};
+        platform::writePrivateFile(file, reply.data);
+        platform::writeStandardOutput({file.path(), "\n"});
+    }
+};
+
+struct AssetUpload final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "upload",
+                .abstract = "Upload an image for a context and print its Markdown image block."};
+    }
+
+    Argument<std::string> contextId{*this, "context-id", "Context UUID that will own the new image asset."};
+    Argument<FilePath> file{*this, "file", "Image file to upload."};
+
+    void validate() const override { validateUUID(*contextId, "context-id"); }
+
+    void run() const override {
+        const ServiceReply reply = servicePostJSON("/api/assets", body());
+        failOnErrorStatus(reply);
+        const auto document = platform::JsonDocument::parseOrThrow(reply.data);
+        const auto answer = document.root().object();
+        const auto markdown = answer ? answer->text("markdown") : std::nullopt;
+        if (!markdown) {
+            throw CLIError::invalidInput("Invalid image upload response.");
+        }
+        platform::writeStandardOutput({shownText(*markdown), "\n"});
+    }
+
+private:
+    JsonBody body() const {
+        JsonBody body;
+        body.set("contextId", contextId)
+            .setBase64("data", platform::readFileOrThrow(file->bytes))
+            .set("originalFilename", platform::repairedUtf8(platform::lastPathComponent(file->bytes)));
+        return body;
+    }
+};
+
+struct Asset final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {
+            .commandName = "asset",
+            .abstract = "Download or upload context image assets.",
+            .ungroupedSubcommands = {CommandType::of<AssetGet>(), CommandType::of<AssetUpload>()},
+        };
+    }
+};
+
+} // namespace
+
+CommandType assetCommand() {
+    return CommandType::of<Asset>();
+}
+
+} // namespace orvane

@@ -1,0 +1,55 @@
+// `feedback`: a report to the makers of the application.
+#include "core/Answers.h"
+#include "core/TextInput.h"
+#include "extras/Extras.h"
+#include "platform/Streams.h"
+
+namespace orvane {
+
+namespace {
+
+enum class FeedbackCategoryOption { bug, featureRequest, general };
+
+} // namespace
+
+} // namespace orvane
+
+template <>
+struct argumentparser::ClosedSet<orvane::FeedbackCategoryOption> {
+    static constexpr std::pair<orvane::FeedbackCategoryOption, std::string_view> members[]{
+        {orvane::FeedbackCategoryOption::bug, "bug"},
+        {orvane::FeedbackCategoryOption::featureRequest, "feature_request"},
+        {orvane::FeedbackCategoryOption::general, "general"},
+    };
+};
+
+namespace orvane {
+
+namespace {
+
+struct Feedback final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "feedback", .abstract = "Submit Markdown or text product feedback."};
+    }
+
+    Argument<std::optional<std::string>> message{*this, "message",
+                                                 "Markdown or text feedback. Omit when piping the report on stdin."};
+    Option<FeedbackCategoryOption> category{*this, "category", FeedbackCategoryOption::bug,
+                                            "Feedback category: bug, feature_request, or general."};
+
+    void run() const override {
+        JsonBody body;
+        body.set("category", category)
+            .set("message", requireReport(message, "Provide feedback text as an argument or pipe it on stdin."));
+        failOnErrorStatus(servicePostJSON("/api/feedback", std::move(body)));
+        platform::writeStandardOutput("Feedback submitted.\n");
+    }
+};
+
+} // namespace
+
+CommandType feedbackCommand() {
+    return CommandType::of<Feedback>();
+}
+
+} // namespace orvane

@@ -1,0 +1,61 @@
+// `modality`: how a slice that a search returned is to be read.
+#include "core/Answers.h"
+#include "core/Identifiers.h"
+#include "extras/Extras.h"
+
+namespace orvane {
+
+namespace {
+
+enum class SliceModalityArgument { invalid, stale, hypothetical, misattributed, ironic, clear };
+
+} // namespace
+
+} // namespace orvane
+
+template <>
+struct argumentparser::ClosedSet<orvane::SliceModalityArgument> {
+    static constexpr std::pair<orvane::SliceModalityArgument, std::string_view> members[]{
+        {orvane::SliceModalityArgument::invalid, "invalid"},
+        {orvane::SliceModalityArgument::stale, "stale"},
+        {orvane::SliceModalityArgument::hypothetical, "hypothetical"},
+        {orvane::SliceModalityArgument::misattributed, "misattributed"},
+        {orvane::SliceModalityArgument::ironic, "ironic"},
+        {orvane::SliceModalityArgument::clear, "clear"},
+    };
+};
+
+namespace orvane {
+
+namespace {
+
+struct Modality final : ParsableCommand {
+    static CommandConfiguration configuration() {
+        return {.commandName = "modality",
+                .abstract = "Set or clear the server-managed correction for a cloud search slice."};
+    }
+
+    Argument<std::string> sliceId{*this, "slice-id", "The slice UUID returned by cloud search."};
+    Argument<SliceModalityArgument> modality{
+        *this, "modality", "Correction: invalid, stale, hypothetical, misattributed, ironic, or clear."};
+
+    void validate() const override { validateUUID(*sliceId, "slice-id"); }
+
+    void run() const override {
+        JsonBody body;
+        if (*modality == SliceModalityArgument::clear) {
+            body.setNull("modality");
+        } else {
+            body.set("modality", modality);
+        }
+        passOnPutJSON("/api/slices/modality/" + canonicalUUID(*sliceId, "slice-id"), std::move(body));
+    }
+};
+
+} // namespace
+
+CommandType modalityCommand() {
+    return CommandType::of<Modality>();
+}
+
+} // namespace orvane
