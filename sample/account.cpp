@@ -72,4 +72,11 @@ json::value checkIn(Library& library, const Request& request) {
             {"recentActivity", {{"documents", recent}}}};
 }
 
+json::value takeFeedback(Library&, const Request& request) {
+    if (text(request.body, "message").empty()) {
+        throw RequestError(400, "The message must not be empty.");
+    }
+    return {{"category", text(request.body, "category")}};
+}
+
 } // namespace sample

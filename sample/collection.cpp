@@ -67,4 +67,8 @@ Node& ownFolder(Library& library, std::string_view id) {
     return ownNode(library, id, "orvane_folder");
 }
 
+Node& ownContext(Library& library, std::string_view id) {
+    return ownNode(library, id, "orvane_context");
+}
+
 } // namespace sample

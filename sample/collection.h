@@ -30,5 +30,6 @@ const Node& askedNode(const Library& library, const Request& request);
 // A node that the signed-in user may change.
 Node& askedOwnNode(Library& library, const Request& request);
 Node& ownFolder(Library& library, std::string_view id);
+Node& ownContext(Library& library, std::string_view id);
 
 } // namespace sample

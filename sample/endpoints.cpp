@@ -15,6 +15,7 @@ struct Endpoint {
     std::string_view method;
     std::string_view pattern; ///< "{id}" and "{list}" stand for any one word.
     json::value (*handler)(Library&, const Request&);
+    std::string (*bytes)(Library&, const Request&) = nullptr; ///< In place of the handler where no JSON is given.
 };
 
 /// Where two patterns fit a path, the first is meant. A new endpoint takes a line here and a handler in handlers.h.
@@ -53,6 +54,14 @@ constexpr Endpoint endpoints[] = {
     {"GET", "/api/transcripts/{id}", readNode},
     {"GET", "/api/transcripts/{id}/delete-preview", previewTranscriptRemoval},
     {"POST", "/api/transcripts/{id}/delete", removeTranscript},
+    {"GET", "/api/sharing/{id}", readGrants},
+    {"POST", "/api/sharing/{id}", addGrants},
+    {"DELETE", "/api/sharing/{id}", removeGrants},
+    {"POST", "/api/assets", uploadAsset},
+    {"GET", "/api/assets/{id}", nullptr, downloadAsset},
+    {"GET", "/api/analytics", readAnalytics},
+    {"POST", "/api/feedback", takeFeedback},
+    {"PUT", "/api/slices/modality/{id}", correctSlice},
     {"GET", "/api/ontology/v2/spaces", listSpaces},
     {"POST", "/api/ontology/v2/spaces", createSpace},
     {"GET", "/api/ontology/v2/{list}/{id}", readOntologyRecord},
@@ -87,7 +96,8 @@ Response answer(Library& library, std::string_view method, std::string_view targ
             return refusal(404, "The sample library does not know " + std::string(method) + " " +
                                     std::string(target.substr(0, target.find('?'))) + ".");
         }
-        return {.body = json::serialize(found->handler(library, request))};
+        return {.body =
+                    found->bytes ? found->bytes(library, request) : json::serialize(found->handler(library, request))};
     } catch (const RequestError& error) {
         return refusal(error.status, error.what());
     } catch (const std::exception& error) {

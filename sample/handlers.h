@@ -44,6 +44,17 @@ json::value removeNode(Library& library, const Request& request);
 json::value previewTranscriptRemoval(Library& library, const Request& request);
 json::value removeTranscript(Library& library, const Request& request);
 
+json::value readGrants(Library& library, const Request& request);
+json::value addGrants(Library& library, const Request& request);
+json::value removeGrants(Library& library, const Request& request);
+
+json::value uploadAsset(Library& library, const Request& request);
+std::string downloadAsset(Library& library, const Request& request); ///< Gives the image itself.
+
+json::value readAnalytics(Library& library, const Request& request);
+json::value takeFeedback(Library& library, const Request& request);
+json::value correctSlice(Library& library, const Request& request);
+
 // Of the ontology. The handlers without a name of their own serve every list in it.
 json::value listSpaces(Library& library, const Request& request);
 json::value createSpace(Library& library, const Request& request);

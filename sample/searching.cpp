@@ -54,6 +54,25 @@ std::string sliceId(const Node& node, std::size_t line) {
     return to_string(generator(std::string(text(node, "id")) + ":" + std::to_string(line)));
 }
 
+/// What is known of the slice: that it is text, or what was said against it.
+std::string_view modality(const Library& library, std::string_view slice) {
+    const json::value* corrections = library.account.if_contains("corrections");
+    const std::string_view correction = corrections ? text(corrections->as_object(), slice) : std::string_view();
+    return correction.empty() ? "text" : correction;
+}
+
+bool isSlice(const Library& library, std::string_view id) {
+    return std::ranges::any_of(library.nodes, [&](const Node& node) {
+        const std::size_t count = split(text(node, "text")).size();
+        for (std::size_t line = 0; line < std::max<std::size_t>(count, 1); ++line) {
+            if (sliceId(node, line) == id) {
+                return true;
+            }
+        }
+        return false;
+    });
+}
+
 json::object result(const Library& library, const Node& node, const std::vector<std::string>& terms) {
     constexpr std::size_t mostLines = 3;
     const auto lines = split(text(node, "text"));
@@ -71,8 +90,13 @@ json::object result(const Library& library, const Node& node, const std::vector<
     json::object document = nodeRecord(library, node);
     // Unlike a listing, a search gives the instant itself.
     document["originalUpdatedAt"] = isoTimestamp(lastChange(node));
-    json::object result{{"nodeId", node.at("id")},         {"title", node.at("name")}, {"body", joinLines(shown)},
-                        {"sliceId", sliceId(node, first)}, {"modality", "text"},       {"document", document}};
+    const std::string slice = sliceId(node, first);
+    json::object result{{"nodeId", node.at("id")},
+                        {"title", node.at("name")},
+                        {"body", joinLines(shown)},
+                        {"sliceId", slice},
+                        {"modality", modality(library, slice)},
+                        {"document", document}};
     if (const json::value* thread = node.if_contains("threadId")) {
         result["threadId"] = *thread;
     }
@@ -110,6 +134,21 @@ json::value searchNodes(Library& library, const Request& request) {
         answer["nextPageToken"] = std::to_string(offset + search.limit);
     }
     return answer;
+}
+
+json::value correctSlice(Library& library, const Request& request) {
+    const std::string& slice = request.path.at(3);
+    if (!isSlice(library, slice)) {
+        throw RequestError(404, "No slice has the id " + slice + ".");
+    }
+    json::value& corrections = library.account["corrections"];
+    json::object& all = corrections.is_object() ? corrections.get_object() : corrections.emplace_object();
+    if (const std::string_view correction = text(request.body, "modality"); correction.empty()) {
+        all.erase(slice);
+    } else {
+        all[slice] = correction;
+    }
+    return {{"sliceId", slice}, {"modality", modality(library, slice)}};
 }
 
 } // namespace sample

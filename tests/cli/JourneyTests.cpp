@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "support/SampleLibrary.h"
+#include "support/TemporaryFiles.h"
 #include "support/ToolRunner.h"
 
 using namespace testsupport;
@@ -189,6 +190,67 @@ TEST(Journey, KeepsTheProfile) {
     EXPECT_THAT(failure({"profile", "remove-card", "--section", "projects", "--index", "2"}), HasSubstr("2 cards"));
     output({"profile", "remove-card", "--section", "projects", "--index", "1"});
     EXPECT_EQ(output({"profile", "get", "--section", "projects"}), before);
+}
+
+TEST(Journey, SharesANodeAndTakesItBack) {
+    const SampleLibrary library;
+    const std::string folder = "a170b338-3926-4059-b28c-105d1fb17c23";
+    const std::string team = "9531985d-5d9d-49f8-9818-e811892f902b";
+    const std::string teammate = "d23f0824-128b-4f33-8c5c-7fd0a6a3a450";
+    const std::string before = output({"sharing", "get", folder});
+    EXPECT_THAT(before, HasSubstr("\"grants\":[]"));
+    output({"sharing", "add", folder, "--team", team});
+    output({"sharing", "add", folder, "--team", team, "--access", "editor"});
+    EXPECT_THAT(output({"team"}), HasSubstr(R"("name":"Photography")"));
+    output({"sharing", "add", folder, "--team", team, "--audience", "user", "--user", teammate});
+    output({"sharing", "add", folder, "--audience", "user", "--email", "tomas.lindqvist@example.com"});
+    EXPECT_THAT(output({"sharing", "remove", folder, "--team", team, "--team-acl-only"}),
+                AllOf(HasSubstr("memberOf"), testing::Not(HasSubstr("editor"))));
+    EXPECT_THAT(output({"sharing", "remove", folder, "--team", team}),
+                AllOf(HasSubstr("Tomas"), testing::Not(HasSubstr("memberOf"))));
+    EXPECT_EQ(output({"sharing", "remove", folder, "--user", teammate}), before);
+    EXPECT_THAT(failure({"sharing", "remove", folder, "--user", teammate}), HasSubstr("no such"));
+    EXPECT_THAT(failure({"sharing", "add", folder, "--team", team, "--scope", "repos", "--repo", "r"}),
+                HasSubstr("in part"));
+}
+
+class AssetJourney : public TemporaryFiles {};
+
+TEST_F(AssetJourney, ComesBackAsItWent) {
+    const SampleLibrary library;
+    std::string image = "GIF8";
+    for (int byte = 0; byte < 256; ++byte) {
+        image += static_cast<char>(byte);
+    }
+    const std::string shotList = "0fd630f1-f29d-4da9-953f-48f1a09f76b5";
+    const std::string block = output({"asset", "upload", shotList, file("tin.gif", image)});
+    EXPECT_THAT(block, testing::StartsWith("![tin.gif](https://assets.orvane.app/v1/"));
+    const std::string url = block.substr(block.find("https"), block.rfind(')') - block.find("https"));
+    ToolSetting setting;
+    setting.environment["TMPDIR"] = directory;
+    const std::string path = runTool({"asset", "get", url}, setting).out;
+    ASSERT_THAT(path, testing::EndsWith(".gif\n"));
+    std::ifstream downloaded(path.substr(0, path.size() - 1), std::ios::binary);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(downloaded), {}), image);
+    EXPECT_THAT(failure({"asset", "upload", transcript, file("tin.gif", image)}), HasSubstr("is of kind codex_chat"));
+    EXPECT_THAT(failure({"asset", "get", shotList}), HasSubstr("No asset"));
+}
+
+TEST(Journey, CorrectsASliceAndReportsIt) {
+    const SampleLibrary library;
+    const auto search = [] { return output({"grep", "-F", "three decimals"}); };
+    const std::string before = search();
+    const std::size_t start = before.find("sliceId: ") + 9;
+    ASSERT_NE(start, std::string::npos + 9) << before;
+    const std::string slice = before.substr(start, 36);
+    output({"modality", slice, "stale"});
+    EXPECT_THAT(search(), HasSubstr("stale"));
+    output({"modality", slice, "clear"});
+    EXPECT_EQ(search(), before);
+    EXPECT_THAT(failure({"modality", transcript, "stale"}), HasSubstr("No slice"));
+    EXPECT_EQ(output({"feedback", "--category", "general"}, Input::pipe("It works.\n")), "Feedback submitted.\n");
+    EXPECT_THAT(output({"analytics", "--granularity", "month"}),
+                ContainsRegex(R"("trend":\[.*"period":"[0-9]{4}-[0-9]{2}")"));
 }
 
 TEST(Journey, BuildsAnOntologyAndTakesItDown) {
