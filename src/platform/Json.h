@@ -38,6 +38,7 @@ public:
     std::optional<JsonObject> object(std::string_view key) const;
     /// Nothing when a single element is of another type.
     std::optional<std::vector<JsonObject>> objects(std::string_view key) const;
+    std::optional<std::vector<std::string_view>> texts(std::string_view key) const;
     /// Any value, null included.
     std::optional<JsonValue> value(std::string_view key) const;
     /// The keys in ascending byte order, each once.
