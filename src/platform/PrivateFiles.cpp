@@ -150,14 +150,20 @@ private:
     bool isDone_ = false;
 };
 
-/// Makes a directory, and those above it that are missing.
+/// Whether there is something at `path` now.
+bool makeDirectory(const std::string& path) {
+    return ::mkdir(path.c_str(), S_IRWXU) == 0 || errno == EEXIST;
+}
+
+/// Makes a directory, and those above it that are missing. The path is absolute.
 void makeDirectories(const std::string& path) {
-    if (::mkdir(path.c_str(), S_IRWXU) == 0 || errno == EEXIST) {
+    if (makeDirectory(path)) {
         return;
     }
-    if (const std::size_t end = path.rfind('/'); errno == ENOENT && end != std::string::npos && end > 0) {
-        makeDirectories(path.substr(0, end));
-        if (::mkdir(path.c_str(), S_IRWXU) == 0 || errno == EEXIST) {
+    const std::size_t lastName = path.rfind('/');
+    if (errno == ENOENT && lastName > 0) {
+        makeDirectories(path.substr(0, lastName));
+        if (makeDirectory(path)) {
             return;
         }
     }
