@@ -153,6 +153,21 @@ std::optional<std::vector<JsonObject>> JsonObject::objects(std::string_view key)
     return found ? found->objects() : std::nullopt;
 }
 
+std::optional<std::vector<std::string_view>> JsonObject::texts(std::string_view key) const {
+    const JsonNode* array = findMember(*node_, key);
+    if (array == nullptr || array->kind != Kind::array) {
+        return std::nullopt;
+    }
+    std::vector<std::string_view> texts;
+    bool hasOthers = false;
+    forEachElement(*array, [&](const JsonNode& element) {
+        const auto text = JsonValue(element).text();
+        hasOthers |= !text;
+        texts.push_back(text.value_or(""));
+    });
+    return hasOthers ? std::nullopt : std::optional(std::move(texts));
+}
+
 std::vector<std::string_view> JsonObject::sortedKeys() const {
     std::vector<std::string_view> keys;
     forEachMember(*node_, [&](std::string_view key, const JsonNode&) { keys.push_back(key); });
