@@ -7,6 +7,7 @@
 #include "library/Library.h"
 #include "ontology/Ontology.h"
 #include "shell/Shell.h"
+#include "skills/Skills.h"
 
 namespace orvane {
 
@@ -19,7 +20,7 @@ std::vector<CommandType> subcommands() {
         folderCommand(), transcriptCommand(),  deleteCommand(),  lsCommand(),           findCommand(),
         catCommand(),    headCommand(),        tailCommand(),    statCommand(),         grepCommand(),
         mkdirCommand(),  teeCommand(),         sedCommand(),     replaceLinesCommand(), mvCommand(),
-        rmCommand(),     rmdirCommand(),
+        rmCommand(),     rmdirCommand(),       skillCommand(),
     };
     if (isOntologyEnabled(platform::infoDictionaryBoolean)) {
         commands.push_back(ontologyCommand());

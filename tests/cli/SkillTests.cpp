@@ -1,0 +1,235 @@
+#include <filesystem>
+
+#include "support/CommandRow.h"
+#include "support/TemporaryFiles.h"
+
+using namespace testsupport;
+
+namespace {
+
+const std::string item = " /api/skill/item/" + lowerId;
+
+class Skills : public TemporaryFiles {};
+
+TEST_F(Skills, AreAskedForInLowerCase) {
+    const std::string create = "POST /api/skill/create\n";
+    const std::string body = file("body", "\xEF\xBB\xBF a\r\n\n");
+    expectRequests({
+        requestRow("skill ls", "GET /api/skill/roots"),
+        requestRow("skill ls " + id, "GET" + item + "/children"),
+        requestRow("skill stat " + id, "GET" + item),
+        requestRow({"skill", "create", " "}, create + R"({"kind":"skill","name":" "})"),
+        requestRow({"skill", "create", "N", "--content", "", "--parent", other, "--description", ""},
+                   create + R"({"kind":"skill","name":"N","parentId":")" + lowerOther +
+                       R"(","description":"","content":""})"),
+        requestRow("skill create N --content-file " + body, create + R"({"kind":"skill","name":"N","content":")"
+                                                                     "\xEF\xBB\xBF a\\r\\n\\n\"}"),
+        requestRow("skill bundle create N", create + R"({"kind":"bundle","name":"N"})"),
+        requestRow({"skill", "rename", id, ""}, "POST" + item + "/rename\n{\"name\":\"\"}"),
+        requestRow({"skill", "rename", id, "N", "--if-revision", ""},
+                   "POST" + item + "/rename\n" + R"({"name":"N","ifRevision":""})"),
+        requestRow("skill move " + id + " --to " + other,
+                   "POST" + item + "/move\n{\"parentId\":\"" + lowerOther + "\"}"),
+        requestRow("skill move " + id + " --top-level --if-revision r",
+                   "POST" + item + "/move\n" + R"({"topLevel":true,"ifRevision":"r"})"),
+        requestRow("skill remove --force " + id, "POST" + item + "/delete\n{}"),
+        requestRow("skill remove --force --if-revision r " + id, "POST" + item + "/delete\n{\"ifRevision\":\"r\"}"),
+        requestRow("skill installed", "GET /api/skill/installed"),
+        requestRow("skill installed --agent codex", "GET /api/skill/installed?agent=codex"),
+        requestRow("skill import --list", "GET /api/skill/importable"),
+        requestRow({"skill", "import", "--agent", "claude", "--name", " \xC2\xA0x y\n"},
+                   "POST /api/skill/import\n"
+                   R"({"agent":"claude","name":"x y"})"),
+    });
+    CommandRow beside =
+        requestRow("skill create N --content-file ~", create + R"({"kind":"skill","name":"N","content":"t"})");
+    beside.setting.directory = directory;
+    file("~", "t");
+    expectRow(beside);
+}
+
+TEST_F(Skills, AreCheckedInOrder) {
+    const std::string content = "Pass at most one of --content or --content-file.";
+    const std::string destination = "Pass exactly one destination: --to <bundle-id> or --top-level.";
+    const std::string unreadable = "Could not read --content-file at ";
+    expectRefused("skill create N --parent x --content a --content-file /none", content);
+    expectRefused("skill move x --to y --top-level", destination);
+    expectRefused("skill move x", destination);
+    expectRefusedByRun("skill ls x", "bundle must be a UUID.");
+    expectRefusedByRun("skill stat x", "id must be a UUID.");
+    expectRefusedByRun("skill create N --parent x --content-file /none", "parent must be a UUID.");
+    for (const std::string& path : {std::string("/none"), directory, file("bytes", "a\xFF"), std::string("~/x")}) {
+        expectRefusedByRun("skill create N --content-file " + path, unreadable + path + ".");
+    }
+    expectRefusedByRun({"skill", "create", "N", "--content-file", ""}, unreadable + ".");
+    expectRefusedByRun("skill rename x N", "id must be a UUID.");
+    expectRefusedByRun("skill move x --to y", "id must be a UUID.");
+    expectRefusedByRun("skill move " + id + " --to y", "to must be a UUID.");
+    expectRefusedByRun("skill remove x", "id must be a UUID.");
+    for (const char* command : {"install", "uninstall"}) {
+        expectRefusedByRun({"skill", command, "x", "--agent", "y"}, "id must be a UUID.");
+        expectRefusedByRun({"skill", command, id, "--agent", "cursor"}, "agent must be one of: claude, codex.");
+    }
+    expectRefusedByRun("skill installed --agent CLAUDE", "agent must be one of: claude, codex.");
+}
+
+TEST_F(Skills, AreImportedFromOneOfThreePlaces) {
+    const std::string nothing = "Pass a skill directory, --agent with --name, or --list.";
+    const std::string listing = "--list takes no path, --agent, or --name.";
+    const std::string both = "Pass either a path, or --agent with --name.";
+    expectRefused("skill import", nothing);
+    expectRefused("skill import --agent codex", nothing);
+    expectRefused("skill import --name x", nothing);
+    expectRefused({"skill", "import", "--agent", "claude", "--name", " \t"}, nothing);
+    expectRefused("skill import --list x --name y", listing);
+    expectRefused("skill import --list --agent codex", listing);
+    expectRefused("skill import --list --name x", listing);
+    expectRefused("skill import x --agent codex", both);
+    expectRefused("skill import x --name y", both);
+    expectRefused("skill import --agent Claude --name x",
+                  "The value 'Claude' is invalid for '--agent <agent>'. Please provide one of 'claude' or 'codex'.",
+                  "--agent <agent>");
+
+    const std::string here = std::filesystem::canonical(directory);
+    const std::vector<std::pair<std::string, std::string>> paths{
+        {"x", here + "/x"},  {"./x/", here + "/x"},
+        {"", here},          {"../a/./b/../c", here.substr(0, here.rfind('/')) + "/a/c"},
+        {"/a//b/.", "/a/b"}, {"~/.claude/x", "/home/u/.claude/x"},
+        {"~", "/home/u"},    {"a\xFFz", here + "/a\uFFFDz"},
+    };
+    for (const auto& [path, sent] : paths) {
+        CommandRow import =
+            requestRow({"skill", "import", path}, "POST /api/skill/import\n{\"path\":\"" + sent + "\"}");
+        import.setting.directory = directory;
+        import.setting.environment["HOME"] = "/home/u/";
+        expectRow(import);
+    }
+}
+
+/// A person who answers the question of `remove` with `typed`.
+CommandRow removal(const std::string& typed, Location where = Location::current()) {
+    CommandRow row = withInput(
+        requestRow("skill remove --if-revision r " + id, "POST" + item + "/delete\n{\"ifRevision\":\"r\"}", where),
+        Input::terminal(typed));
+    row.out = "Deleting this will remove it from Orvane and uninstall the skill. Anything shared with other users will "
+              "disappear from their Orvane, but their local copies will stay unchanged.\nContinue? [y/N] " +
+              row.out;
+    return row;
+}
+
+/// `row` when it ends at its question, with as many requests as before it.
+CommandRow stopped(CommandRow row, const std::string& out, const std::string& message) {
+    row.answers.pop_back();
+    row.requests.pop_back();
+    row.out = out;
+    row.err = "Error: " + message + "\n";
+    row.status = 1;
+    return row;
+}
+
+TEST_F(Skills, AreRemovedWhenAPersonSaysSo) {
+    for (const char* yes : {"y\n", " YES\t\n", "Yes"}) {
+        expectRow(removal(yes));
+    }
+    for (const char* no : {"n\n", "\n", "", "yep\n", "y es\n"}) {
+        const std::string question = removal(no).out.substr(0, removal(no).out.find("[y/N] ") + 6);
+        expectRow(stopped(removal(no), question, "Deletion cancelled."));
+    }
+    for (const Input& input : {Input::pipe("y\n"), Input{}, Input::closed()}) {
+        expectRow(stopped(withInput(removal(""), input), "",
+                          "Deletion requires interactive confirmation from a terminal. Pass --force to skip it."));
+    }
+}
+
+TEST_F(Skills, AreInstalledForAgents) {
+    const std::string request = "POST" + item + "/install\n";
+    expectReplies(
+        "skill install " + id, request + "{}",
+        {
+            Reply(R"({"name":"a","kind":"bundle","id":"i","agents":["codex"]})", "installed bundle a → codex\n"),
+            Reply(R"({"name":"pdf-tools","agents":["claude","codex"]})", "installed skill pdf-tools → claude, codex\n"),
+            Reply(R"({"id":"abc"})", "installed skill abc: no agents affected\n"),
+            Reply(R"({"name":1,"id":"i","kind":[],"agents":["x",1]})", "installed skill i: no agents affected\n"),
+            Reply(R"({"name":"a\r\nb\tc ","agents":["d\ne"]})", "installed skill a  b c  → d e\n"),
+            Reply("{}", "installed skill : no agents affected\n"),
+            Reply("[ ]", "[ ]\n"),
+            Reply("no", "no\n"),
+        });
+    expectRequests({
+        row("skill install --agent claude " + id, request + R"({"agents":["claude"]})", "{}",
+            "installed skill : no agents affected\n"),
+        row("skill uninstall --agent codex " + id,
+            "POST" + item +
+                "/uninstall\n"
+                R"({"agents":["codex"]})",
+            R"({"name":"a","agents":["codex"]})", "uninstalled skill a → codex\n"),
+        row("skill uninstall " + id, "POST" + item + "/uninstall\n{}", R"({"kind":"bundle","name":"writing"})",
+            "uninstalled bundle writing: no agents affected\n"),
+        row("skill refresh", "POST /api/skill/refresh\n{}", R"({"much":"more"})", "refreshed\n"),
+    });
+}
+
+constexpr const char* conflict = R"({"error":"name_conflict","confirmationRequired":true,"message":"A\nis there."})";
+
+/// An install that meets a conflict at a person's terminal, asks, and does it again.
+CommandRow replacement(const std::string& typed, Answer second = answer(R"({"name":"a","agents":["codex"]})"),
+                       Location where = Location::current()) {
+    const std::string request = "POST" + item + "/install\n" + R"({"agents":["codex"])";
+    return {.arguments = "skill install --agent codex " + id,
+            .answers = {answer(409, conflict), std::move(second)},
+            .requests = {request + "}", request + R"(,"replaceConflicts":true})"},
+            .out = "A\nis there.\nReplace all and continue? [y/N] ",
+            .setting = {.input = Input::terminal(typed)},
+            .where = where};
+}
+
+TEST_F(Skills, ReplaceOthersWhenAPersonSaysSo) {
+    for (const char* yes : {"Y\n", " yes \n", "YES"}) {
+        CommandRow done = replacement(yes);
+        done.out += "installed skill a → codex\n";
+        expectRow(done);
+    }
+    for (const char* no : {"n\n", "\n", "", "yep\n"}) {
+        expectRow(stopped(replacement(no), replacement(no).out, "Installation cancelled."));
+    }
+    for (const Input& input : {Input::pipe("y\n"), Input{}}) {
+        expectRow(stopped(withInput(replacement(""), input), "",
+                          "Name-conflicted installs require confirmation from an interactive terminal."));
+    }
+    CommandRow again = replacement("y\n", answer(409, conflict));
+    again.err = "error: A\nis there.\n";
+    again.status = 1;
+    expectRow(again);
+}
+
+TEST_F(Skills, AskOnlyAboutAConflictOfNames) {
+    const std::vector<std::pair<int, std::string>> refusals{
+        {409, R"({"error":"name_conflict","confirmationRequired":false,"message":"x"})"},
+        {409, R"({"error":"name_conflict","confirmationRequired":"true","message":"x"})"},
+        {409, R"({"error":"name_conflict","message":"x"})"},
+        {409, R"({"error":"Name_conflict","confirmationRequired":true,"message":"x"})"},
+        {409, R"({"confirmationRequired":true,"message":"x"})"},
+        {409, "x"},
+        {400, R"({"error":"name_conflict","confirmationRequired":true,"message":"x"})"},
+    };
+    for (const auto& [status, body] : refusals) {
+        CommandRow refused = stopped(replacement("y\n"), "", "");
+        refused.answers = {answer(status, body)};
+        refused.err = "error: x\n";
+        expectRow(refused);
+    }
+    CommandRow unsaid = stopped(replacement("y\n"), "", "");
+    unsaid.answers = {answer(409, R"({"error":"name_conflict","confirmationRequired":true})")};
+    unsaid.err = "error: name_conflict\n";
+    expectRow(unsaid);
+    CommandRow uninstall = unsaid;
+    uninstall.arguments = "skill uninstall " + id;
+    uninstall.answers = {answer(409, conflict)};
+    uninstall.requests = {"POST" + item + "/uninstall\n{}"};
+    uninstall.err = "error: A\nis there.\n";
+    expectRow(uninstall);
+    expectRow(row("skill install --agent codex " + id, replacement("").requests.front(), conflict,
+                  "installed skill : no agents affected\n"));
+}
+
+} // namespace
