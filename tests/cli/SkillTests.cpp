@@ -100,6 +100,10 @@ TEST_F(Skills, AreImportedFromOneOfThreePlaces) {
         import.setting.environment["HOME"] = "/home/u/";
         expectRow(import);
     }
+    CommandRow unspeakable = posts("import x", "/api/skill/import", R"({"path":")" + here + "/\uFFFD/x\"}");
+    unspeakable.setting.directory = directory + "/\xFF";
+    std::filesystem::create_directory(unspeakable.setting.directory);
+    expectRow(unspeakable);
 }
 
 /// A person who answers the question of `remove` with `typed`.
