@@ -57,4 +57,12 @@ std::vector<std::string_view> ArgumentDefinition::allValueStrings() const {
     return input == nullptr ? std::vector<std::string_view>() : input->allValueStrings();
 }
 
+ValueDescriptions ArgumentDefinition::allValueDescriptions() const {
+    return input == nullptr ? ValueDescriptions() : input->allValueDescriptions();
+}
+
+CompletionKind ArgumentDefinition::completion() const {
+    return input == nullptr ? CompletionKind() : input->completion();
+}
+
 } // namespace argumentparser

@@ -59,6 +59,10 @@ struct ArgumentDefinition {
     std::string defaultValue() const;
     /// The closed set of values; empty when open.
     std::vector<std::string_view> allValueStrings() const;
+    /// The descriptions of those values that have one.
+    ValueDescriptions allValueDescriptions() const;
+    /// What a shell may offer for the value.
+    CompletionKind completion() const;
 };
 
 } // namespace argumentparser

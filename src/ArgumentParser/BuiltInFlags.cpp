@@ -12,6 +12,10 @@ bool isShort(const Name& name) {
     return name.kind == Name::Kind::shortName;
 }
 
+bool isLong(const Name& name, std::string_view text) {
+    return name.kind == Name::Kind::longName && name.text == text;
+}
+
 NameSpecification helpNameSpecification(const Tree& node) {
     for (const Tree* command = &node; command != nullptr; command = command->parent()) {
         if (const auto& helpNames = command->configuration().helpNames) {
@@ -21,8 +25,8 @@ NameSpecification helpNameSpecification(const Tree& node) {
     return {shortName(), longName()};
 }
 
-ArgumentDefinition builtInFlag(std::vector<Name> names, const char* abstract) {
-    return {.names = std::move(names), .key = {}, .help = abstract, .isOptional = true};
+ArgumentDefinition builtInFlag(std::vector<Name> names, const ArgumentHelp& help) {
+    return {.names = std::move(names), .key = {}, .help = help, .isOptional = true};
 }
 
 } // namespace
@@ -58,7 +62,11 @@ std::string_view versionOf(const Tree& node) {
 }
 
 bool isVersionFlagName(const Name& name) {
-    return name.kind == Name::Kind::longName && name.text == versionFlagText;
+    return isLong(name, versionFlagText);
+}
+
+bool isDumpHelpFlagName(const Name& name) {
+    return isLong(name, "experimental-dump-help");
 }
 
 std::vector<ArgumentDefinition> builtInDefinitions(const Tree& node) {
@@ -68,6 +76,10 @@ std::vector<ArgumentDefinition> builtInDefinitions(const Tree& node) {
     }
     if (std::vector<Name> names = helpFlagNames(node, ArgumentVisibility::shown); !names.empty()) {
         definitions.push_back(builtInFlag(std::move(names), "Show help information."));
+    }
+    if (std::vector<Name> names = helpFlagNames(node, ArgumentVisibility::hidden); !names.empty()) {
+        definitions.push_back(
+            builtInFlag(std::move(names), ArgumentHelp("", {.visibility = ArgumentVisibility::hidden})));
     }
     return definitions;
 }

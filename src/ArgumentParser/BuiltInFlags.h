@@ -21,8 +21,11 @@ std::optional<Name> primaryHelpFlagName(const Tree& node);
 std::string_view versionOf(const Tree& node);
 bool isVersionFlagName(const Name& name);
 
-/// The definitions of the flags that exist for the command at `node`, the version flag first. They only carry names
-/// and texts.
+/// Of the flag that asks for a description for other tools; it exists for every command, and no help shows it.
+bool isDumpHelpFlagName(const Name& name);
+
+/// The definitions of the flags that exist for the command at `node`: the version flag, the help flag, and the hidden
+/// one that shows hidden inputs as well. They only carry names and texts.
 std::vector<ArgumentDefinition> builtInDefinitions(const Tree& node);
 
 } // namespace argumentparser

@@ -28,9 +28,13 @@ struct CleanExit {
     struct Message {
         std::string text;
     };
-    std::variant<HelpRequest, Message> reason;
+    struct DumpRequest {
+        std::optional<CommandType> command; ///< Nothing for the current command.
+    };
+    std::variant<HelpRequest, Message, DumpRequest> reason;
 
     static CleanExit helpRequest(std::optional<CommandType> command = std::nullopt) { return {HelpRequest{command}}; }
+    static CleanExit dumpRequest(std::optional<CommandType> command = std::nullopt) { return {DumpRequest{command}}; }
     static CleanExit message(std::string text) { return {Message{std::move(text)}}; }
 };
 

@@ -122,6 +122,9 @@ void CommandParser::checkForBuiltInFlags(const SplitArguments& split) const {
             throw CommandError{currentNode_, HelpRequested{visibility}};
         }
     }
+    if (isGiven(isDumpHelpFlagName)) {
+        throw CommandError{currentNode_, DumpHelpRequested()};
+    }
     if (isGiven(isVersionFlagName) && !versionOf(*currentNode_).empty()) {
         throw CommandError{currentNode_, VersionRequested()};
     }

@@ -52,6 +52,7 @@ public:
 
     std::string operator()(const HelpRequested&) const { return {}; }
     std::string operator()(const VersionRequested&) const { return {}; }
+    std::string operator()(const DumpHelpRequested&) const { return {}; }
 
     std::string operator()(const UnknownOption& error) const { return unknownOption(error.name); }
 

@@ -133,7 +133,9 @@ std::vector<Section> argumentSections(const ArgumentSet& arguments, const std::v
         }
     }
     for (const ArgumentDefinition& definition : builtIns) {
-        options.push_back(&definition);
+        if (definition.help.visibility <= visibility) {
+            options.push_back(&definition);
+        }
     }
     std::vector<Section> sections;
     sections.push_back({"ARGUMENTS", elementsOf(positionals)});

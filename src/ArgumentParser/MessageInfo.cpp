@@ -6,6 +6,7 @@
 #include "ArgumentParser/CommandExit.h"
 #include "ArgumentParser/ErrorMessageGenerator.h"
 #include "ArgumentParser/HelpGenerator.h"
+#include "ArgumentParser/ToolInfo.h"
 #include "ArgumentParser/UsageGenerator.h"
 
 namespace argumentparser {
@@ -14,6 +15,20 @@ namespace {
 
 MessageInfo helpScreen(const Tree& node, ArgumentVisibility visibility = ArgumentVisibility::shown) {
     return {MessageInfo::Help{HelpGenerator(node, visibility).rendered()}};
+}
+
+MessageInfo toolDescription(const Tree& node) {
+    return {MessageInfo::Help{encoded(toolInfo(node))}};
+}
+
+/// What `show` makes of the node of `command`, or of the current one when no command is named.
+template <class Show>
+MessageInfo shown(const std::optional<CommandType>& command, const Tree& selected, const Tree& root, Show show) {
+    if (!command) {
+        return show(selected);
+    }
+    const Tree* node = root.find(*command);
+    return node != nullptr ? show(*node) : show(Tree(*command));
 }
 
 std::string usageBlock(const Tree& node, const ArgumentSet& arguments) {
@@ -29,12 +44,11 @@ MessageInfo messageOf(const CleanExit& exit, const Tree& selected, const Tree& r
     if (const auto* message = std::get_if<CleanExit::Message>(&exit.reason)) {
         return {MessageInfo::Help{message->text}};
     }
-    const auto& command = std::get<CleanExit::HelpRequest>(exit.reason).command;
-    if (!command) {
-        return helpScreen(selected);
+    if (const auto* dump = std::get_if<CleanExit::DumpRequest>(&exit.reason)) {
+        return shown(dump->command, selected, root, toolDescription);
     }
-    const Tree* node = root.find(*command);
-    return node != nullptr ? helpScreen(*node) : helpScreen(Tree(*command));
+    const auto& command = std::get<CleanExit::HelpRequest>(exit.reason).command;
+    return shown(command, selected, root, [](const Tree& node) { return helpScreen(node); });
 }
 
 /// For whatever was thrown, by a hook of the command at `selected` unless it is a CommandError.
@@ -66,6 +80,9 @@ MessageInfo messageOf(const std::exception_ptr& error, const Tree& selected, con
 MessageInfo MessageInfo::of(const CommandError& error, const Tree& root) {
     if (const auto* help = std::get_if<HelpRequested>(&error.parserError)) {
         return helpScreen(*error.node, help->visibility);
+    }
+    if (std::holds_alternative<DumpHelpRequested>(error.parserError)) {
+        return toolDescription(*error.node);
     }
     if (std::holds_alternative<VersionRequested>(error.parserError)) {
         return {Help{std::string(versionOf(*error.node))}};

@@ -47,6 +47,8 @@ public:
     virtual std::string defaultValueText() const { return {}; }
     /// The closed set of values; empty when open.
     virtual std::vector<std::string_view> allValueStrings() const { return {}; }
+    /// The descriptions of those that have one.
+    virtual ValueDescriptions allValueDescriptions() const { return {}; }
     virtual CompletionKind completion() const { return {}; }
 
     DeclaredInput(const DeclaredInput&) = delete;

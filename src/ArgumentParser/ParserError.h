@@ -20,6 +20,7 @@ struct HelpRequested {
     ArgumentVisibility visibility = ArgumentVisibility::shown;
 };
 struct VersionRequested {};
+struct DumpHelpRequested {};
 struct UnknownOption {
     Name name;
 };
@@ -79,10 +80,10 @@ struct InvalidState {};
 struct MissingSubcommand {};
 
 using ParserError =
-    std::variant<HelpRequested, VersionRequested, UnknownOption, InvalidOption, NonAlphanumericShortOption,
-                 MissingValueForOption, MissingValueOrUnknownCompositeOption, UnexpectedValueForOption,
-                 UnexpectedExtraValues, DuplicateExclusiveValues, NoValue, UnableToParseValue, UserValidationError,
-                 NoArguments, NotParentCommand, NotImplemented, InvalidState, MissingSubcommand>;
+    std::variant<HelpRequested, VersionRequested, DumpHelpRequested, UnknownOption, InvalidOption,
+                 NonAlphanumericShortOption, MissingValueForOption, MissingValueOrUnknownCompositeOption,
+                 UnexpectedValueForOption, UnexpectedExtraValues, DuplicateExclusiveValues, NoValue, UnableToParseValue,
+                 UserValidationError, NoArguments, NotParentCommand, NotImplemented, InvalidState, MissingSubcommand>;
 
 /// A parser error with the command that was selected when it arose.
 struct CommandError {

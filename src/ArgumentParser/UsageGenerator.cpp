@@ -19,19 +19,6 @@ std::string joinedSynopses(const std::vector<const ArgumentDefinition*>& definit
     return text;
 }
 
-/// The names of the commands from the root to `node`, behind the root's super command, if it has one.
-std::vector<std::string> toolNames(const Tree& node) {
-    const std::vector<const Tree*> path = node.path();
-    std::vector<std::string> names;
-    if (const std::string_view superCommand = path.front()->configuration()._superCommandName; !superCommand.empty()) {
-        names.emplace_back(superCommand);
-    }
-    for (const Tree* command : path) {
-        names.emplace_back(command->commandName());
-    }
-    return names;
-}
-
 std::string synopsis(const Tree& node, const ArgumentSet& arguments) {
     std::vector<const ArgumentDefinition*> visible;
     std::vector<const ArgumentDefinition*> required;
@@ -55,6 +42,18 @@ std::string synopsis(const Tree& node, const ArgumentSet& arguments) {
 }
 
 } // namespace
+
+std::vector<std::string> toolNames(const Tree& node) {
+    const std::vector<const Tree*> path = node.path();
+    std::vector<std::string> names;
+    if (const std::string_view superCommand = path.front()->configuration()._superCommandName; !superCommand.empty()) {
+        names.emplace_back(superCommand);
+    }
+    for (const Tree* command : path) {
+        names.emplace_back(command->commandName());
+    }
+    return names;
+}
 
 std::string commandNames(const Tree& node) {
     std::string names;

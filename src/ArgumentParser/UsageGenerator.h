@@ -2,11 +2,15 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "ArgumentParser/ArgumentSet.h"
 #include "ArgumentParser/Tree.h"
 
 namespace argumentparser {
+
+/// The names of the commands from the root to `node`, behind the root's super command, if it has one.
+std::vector<std::string> toolNames(const Tree& node);
 
 /// The names of the commands from the root to `node`, joined by spaces.
 std::string commandNames(const Tree& node);

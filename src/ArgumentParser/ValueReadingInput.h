@@ -84,6 +84,14 @@ public:
         }
     }
 
+    ValueDescriptions allValueDescriptions() const override {
+        if constexpr (ExpressibleByArgument<Element>) {
+            return ArgumentValue<Element>::allValueDescriptions();
+        } else {
+            return {};
+        }
+    }
+
     CompletionKind completion() const override {
         if (settings_.completion) {
             return *settings_.completion;

@@ -143,7 +143,8 @@ TEST(Help, HiddenInputsAreShownOnRequest) {
     std::string all = helpOf(CommandType::of<Rich>(), 80, ArgumentVisibility::hidden);
     EXPECT_EQ(outcome<Rich>("--help"), plain);
     EXPECT_EQ(outcome<Rich>("--help-hidden"), all);
-    for (const std::string row : {"  --hidden <hidden>       Now seen.\n", "  --offset <offset>\n"}) {
+    for (const std::string row :
+         {"  --hidden <hidden>       Now seen.\n", "  --offset <offset>\n", "  --help-hidden\n"}) {
         ASSERT_NE(all.find(row), std::string::npos) << row;
         all.erase(all.find(row), row.size());
     }
