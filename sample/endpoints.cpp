@@ -13,7 +13,7 @@ namespace {
 
 struct Endpoint {
     std::string_view method;
-    std::string_view pattern; ///< "{id}" and "{list}" stand for any one word.
+    std::string_view pattern; ///< "{id}", "{list}" and "{operation}" stand for any one word.
     json::value (*handler)(Library&, const Request&);
     std::string (*bytes)(Library&, const Request&) = nullptr; ///< In place of the handler where no JSON is given.
 };
@@ -72,6 +72,28 @@ constexpr Endpoint endpoints[] = {
     {"DELETE", "/api/ontology/v2/assertions/{id}/supports/{id}", removeSupport},
     {"GET", "/api/ontology/v2/{list}/{id}/{list}", listBelowRecord},
     {"POST", "/api/ontology/v2/{list}/{id}/{list}", createBelowRecord},
+    {"GET", "/api/skill/roots", listSkillRoots},
+    {"POST", "/api/skill/create", createSkill},
+    {"GET", "/api/skill/item/{id}", readSkill},
+    {"GET", "/api/skill/item/{id}/children", listBundle},
+    {"POST", "/api/skill/item/{id}/rename", renameSkill},
+    {"POST", "/api/skill/item/{id}/move", moveSkill},
+    {"POST", "/api/skill/item/{id}/delete", removeSkill},
+    {"GET", "/api/skill/item/{id}/package", listPackage},
+    {"GET", "/api/skill/item/{id}/package/file", readPackageFile},
+    {"GET", "/api/skill/item/{id}/package/validate", validatePackage},
+    {"POST", "/api/skill/item/{id}/package/{operation}", editPackage},
+    {"POST", "/api/skill/item/{id}/install", installSkill},
+    {"POST", "/api/skill/item/{id}/uninstall", uninstallSkill},
+    {"GET", "/api/skill/installed", listInstalled},
+    {"POST", "/api/skill/refresh", refreshSkills},
+    {"GET", "/api/skill/importable", listImportable},
+    {"POST", "/api/skill/import", importSkill},
+    {"GET", "/api/skill/suggestion", listSuggestions},
+    {"GET", "/api/skill/suggestion/{id}", readSuggestion},
+    {"POST", "/api/skill/suggestion/{id}/apply", applySuggestion},
+    {"GET", "/api/skill/analytics", reportSkillUse},
+    {"POST", "/api/skill/feedback", takeSkillFeedback},
 };
 
 bool fits(const Endpoint& endpoint, const Request& request) {
@@ -82,8 +104,9 @@ bool fits(const Endpoint& endpoint, const Request& request) {
                               });
 }
 
-Response refusal(unsigned status, std::string_view message) {
-    return {.status = status, .body = json::serialize(json::object{{"message", message}})};
+Response refusal(unsigned status, std::string_view message, json::object details = {}) {
+    details["message"] = message;
+    return {.status = status, .body = json::serialize(details)};
 }
 
 } // namespace
@@ -99,7 +122,7 @@ Response answer(Library& library, std::string_view method, std::string_view targ
         return {.body =
                     found->bytes ? found->bytes(library, request) : json::serialize(found->handler(library, request))};
     } catch (const RequestError& error) {
-        return refusal(error.status, error.what());
+        return refusal(error.status, error.what(), error.details);
     } catch (const std::exception& error) {
         return refusal(500, error.what());
     }

@@ -67,4 +67,28 @@ json::value replaceAssertion(Library& library, const Request& request);
 json::value addSupport(Library& library, const Request& request);
 json::value removeSupport(Library& library, const Request& request);
 
+// Of skills.
+json::value listSkillRoots(Library& library, const Request& request);
+json::value listBundle(Library& library, const Request& request);
+json::value readSkill(Library& library, const Request& request);
+json::value createSkill(Library& library, const Request& request); ///< Or a bundle.
+json::value renameSkill(Library& library, const Request& request);
+json::value moveSkill(Library& library, const Request& request);
+json::value removeSkill(Library& library, const Request& request);
+json::value listPackage(Library& library, const Request& request);
+json::value readPackageFile(Library& library, const Request& request);
+json::value validatePackage(Library& library, const Request& request);
+json::value editPackage(Library& library, const Request& request);
+json::value installSkill(Library& library, const Request& request);
+json::value uninstallSkill(Library& library, const Request& request);
+json::value listInstalled(Library& library, const Request& request);
+json::value refreshSkills(Library& library, const Request& request);
+json::value listImportable(Library& library, const Request& request);
+json::value importSkill(Library& library, const Request& request);
+json::value listSuggestions(Library& library, const Request& request);
+json::value readSuggestion(Library& library, const Request& request);
+json::value applySuggestion(Library& library, const Request& request);
+json::value reportSkillUse(Library& library, const Request& request);
+json::value takeSkillFeedback(Library& library, const Request& request);
+
 } // namespace sample

@@ -90,12 +90,14 @@ Library readLibrary(const std::string& content) {
         checkNode(library, node);
         library.nodes.push_back(std::move(node));
     }
-    if (json::value* ontology = library.account.if_contains("ontology")) {
-        json::object lists = ontology->as_object();
-        for (const auto& member : ontology->as_object()) {
-            library.records[member.key()] = takeObjects(lists, member.key());
+    for (const auto* group : {"ontology", "skill"}) {
+        if (json::value* found = library.account.if_contains(group)) {
+            json::object lists = found->as_object();
+            for (const auto& member : found->as_object()) {
+                library.records[member.key()] = takeObjects(lists, member.key());
+            }
+            library.account.erase(group);
         }
-        library.account.erase("ontology");
     }
     return library;
 }

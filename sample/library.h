@@ -1,6 +1,6 @@
 // The library's content, kept as the JSON it is read from. A node has the keys of the record that clients see, its
 // times in ISO-8601, and besides: "parentId", "owner" (a user's id), "text", a message's "mail", and a session's
-// "repo". The records of the ontology stand under "ontology", in lists by the words of their paths.
+// "repo". The records of the ontology and of skills stand under "ontology" and "skill", in lists.
 #pragma once
 
 #include <map>
@@ -21,7 +21,7 @@ struct Library {
     std::vector<boost::json::object> users; ///< The signed-in user stands first.
     std::vector<Node> nodes;                ///< Each has an owner among the users. In the file parents stand first.
 
-    std::map<std::string, std::vector<boost::json::object>> records; ///< Of the ontology, by list.
+    std::map<std::string, std::vector<boost::json::object>> records; ///< Of the ontology and of skills, by list.
 
     const Node* findNode(std::string_view id) const; ///< The case of letters does not matter.
     const boost::json::object* findUser(std::string_view id) const;

@@ -30,8 +30,10 @@ struct Request {
 
 /// A refusal, thrown by whatever finds the reason.
 struct RequestError : std::runtime_error {
-    RequestError(unsigned statusCode, const std::string& message) : std::runtime_error(message), status(statusCode) {}
+    RequestError(unsigned statusCode, const std::string& message, boost::json::object more = {})
+        : std::runtime_error(message), status(statusCode), details(std::move(more)) {}
     unsigned status;
+    boost::json::object details; ///< What clients are told besides the message.
 };
 
 /// Takes a request apart. Throws RequestError when its body is no JSON object.

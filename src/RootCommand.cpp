@@ -7,6 +7,7 @@
 #include "library/Library.h"
 #include "ontology/Ontology.h"
 #include "shell/Shell.h"
+#include "skills/Skills.h"
 
 namespace orvane {
 
@@ -20,7 +21,7 @@ std::vector<CommandType> subcommands() {
         transcriptCommand(),  deleteCommand(), lsCommand(),        findCommand(),         catCommand(),
         headCommand(),        tailCommand(),   statCommand(),      grepCommand(),         modalityCommand(),
         mkdirCommand(),       teeCommand(),    sedCommand(),       replaceLinesCommand(), mvCommand(),
-        rmCommand(),          rmdirCommand(),
+        rmCommand(),          rmdirCommand(),  skillCommand(),
     };
     if (isOntologyEnabled(platform::infoDictionaryBoolean)) {
         commands.push_back(ontologyCommand());

@@ -8,12 +8,16 @@ void printRawResponse(std::string_view data) {
     platform::writeStandardOutput({data, "\n"});
 }
 
-void passOn(ServiceRequest request, EmptyAnswer empty) {
+void passOn(ServiceRequest request, EmptyAnswer empty, Refusal refusal) {
     bool isPassedOn = false;
     const ServiceReply reply = sendServiceRequest(std::move(request), [&](std::string_view piece) {
         isPassedOn = true;
         platform::writeStandardOutput(piece);
     });
+    if (refusal == Refusal::passedOn && isRefusal(reply)) {
+        platform::writeStandardError(reply.data + "\n");
+        throw ExitCode{ExitCode::failure};
+    }
     failOnErrorStatus(reply);
     if (isPassedOn || !reply.data.empty() || empty == EmptyAnswer::line) {
         printRawResponse(reply.data);

@@ -15,9 +15,12 @@ void printRawResponse(std::string_view data);
 /// What an empty answer that is passed on becomes.
 enum class EmptyAnswer { line, nothing };
 
+/// What a refusal becomes on standard error: a line of the tool's own, or the service's bytes and a line feed.
+enum class Refusal { reported, passedOn };
+
 /// Makes the request and passes its answer on to standard output, one above 4 MB while it comes in, so that no command
-/// holds what it only prints. A refusal is reported instead. Throws CLIError, or ExitCode behind a reported error.
-void passOn(ServiceRequest request, EmptyAnswer empty = EmptyAnswer::line);
+/// holds what it only prints. Throws CLIError, or ExitCode behind a refusal.
+void passOn(ServiceRequest request, EmptyAnswer empty = EmptyAnswer::line, Refusal refusal = Refusal::reported);
 
 /// The same for the usual requests.
 void passOnGet(std::string path, std::chrono::seconds timeout = standardTimeout);

@@ -18,6 +18,12 @@ auto countGiven(std::initializer_list<Given> inputs) {
 
 } // namespace
 
+void validateNone(std::initializer_list<Given> inputs, std::string_view message) {
+    if (countGiven(inputs) > 0) {
+        refuse(message);
+    }
+}
+
 void validateAtMostOne(std::initializer_list<Given> inputs, std::string_view message) {
     if (countGiven(inputs) > 1) {
         refuse(message);

@@ -21,6 +21,7 @@ struct Given {
     Given(const argumentparser::DecodedInput<bool>& input) : isGiven(input.get()) {}
 };
 
+void validateNone(std::initializer_list<Given> inputs, std::string_view message);
 void validateAtMostOne(std::initializer_list<Given> inputs, std::string_view message);
 
 /// What is said when none of several inputs is given, and when more than one is.

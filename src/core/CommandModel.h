@@ -14,6 +14,7 @@ namespace orvane {
 using argumentparser::Argument;
 using argumentparser::CommandConfiguration;
 using argumentparser::CommandType;
+using argumentparser::CompletionKind;
 using argumentparser::customLong;
 using argumentparser::customShort;
 using argumentparser::ExitCode;

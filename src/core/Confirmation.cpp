@@ -19,11 +19,9 @@ void confirm(const Question& question) {
     }
 }
 
-void confirmDeletion(std::string_view message) {
-    confirm({.message = message,
-             .prompt = "Continue? [y/N] ",
-             .noTerminal = "Deletion requires interactive confirmation from a terminal.",
-             .refused = "Deletion cancelled."});
+void confirmDeletion(std::string_view message, std::string_view noTerminal) {
+    confirm(
+        {.message = message, .prompt = "Continue? [y/N] ", .noTerminal = noTerminal, .refused = "Deletion cancelled."});
 }
 
 } // namespace orvane

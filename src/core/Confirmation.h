@@ -15,7 +15,9 @@ struct Question {
 /// Asks, and returns on a yes. Throws CLIError.
 void confirm(const Question& question);
 
-/// Asks whether the deletion that `message` describes shall go on. Throws CLIError.
-void confirmDeletion(std::string_view message);
+inline constexpr std::string_view deletionNeedsTerminal = "Deletion requires interactive confirmation from a terminal.";
+
+/// Asks whether the deletion that `message` describes shall go on. Throws CLIError, without a terminal `noTerminal`.
+void confirmDeletion(std::string_view message, std::string_view noTerminal = deletionNeedsTerminal);
 
 } // namespace orvane

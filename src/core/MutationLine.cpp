@@ -6,6 +6,10 @@
 
 namespace orvane {
 
+void printReportLine(std::string_view text) {
+    platform::writeStandardOutput({shownLine(foldedLine(text)), "\n"});
+}
+
 void printMutationLine(const MutationLine& line) {
     constexpr std::size_t nameLimit = 80;
     std::string text = ansiStyled(line.verb, Style::green);

@@ -1,4 +1,4 @@
-// The one-line report of a completed change.
+// The one-line reports of completed changes.
 #pragma once
 
 #include <optional>
@@ -14,6 +14,9 @@ struct MutationLine {
     std::optional<std::string_view> id = {};
     std::string detail = {};
 };
+
+/// Prints `text` as one line, whatever line ends the service's words have in it.
+void printReportLine(std::string_view text);
 
 /// Prints such as: created folder "Notes"  <id>  <detail>
 void printMutationLine(const MutationLine& line);

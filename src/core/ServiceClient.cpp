@@ -90,8 +90,12 @@ std::string serviceDelete(std::string path, std::chrono::seconds timeout) {
     return successfulBody(sendServiceRequest({.method = "DELETE", .path = std::move(path), .timeout = timeout}));
 }
 
+bool isRefusal(const ServiceReply& reply) {
+    return reply.status && *reply.status >= firstErrorStatus;
+}
+
 void failOnErrorStatus(const ServiceReply& reply) {
-    if (reply.status && *reply.status >= firstErrorStatus) {
+    if (isRefusal(reply)) {
         reportErrorResponse(reply.data);
         throw ExitCode{ExitCode::failure};
     }

@@ -40,6 +40,9 @@ std::string servicePatchJSON(std::string path, JsonBody body, std::chrono::secon
 std::string serviceDeleteJSON(std::string path, JsonBody body, std::chrono::seconds timeout = standardTimeout);
 std::string serviceDelete(std::string path, std::chrono::seconds timeout = standardTimeout);
 
+/// Whether the service refused: an answer of status 400 or above.
+bool isRefusal(const ServiceReply& reply);
+
 /// Reports an answer of status 400 or above and throws ExitCode 1; any other passes.
 void failOnErrorStatus(const ServiceReply& reply);
 

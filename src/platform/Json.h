@@ -36,7 +36,7 @@ public:
     /// A number without a fraction that fits 64 bits; 2.0 and 1e3 are such numbers.
     std::optional<std::int64_t> integer(std::string_view key) const;
     std::optional<JsonObject> object(std::string_view key) const;
-    /// Nothing when a single element is of another type.
+    // Nothing when a single element is of another type.
     std::optional<std::vector<JsonObject>> objects(std::string_view key) const;
     std::optional<std::vector<std::string_view>> texts(std::string_view key) const;
     /// Any value, null included.

@@ -310,4 +310,51 @@ TEST(Journey, BuildsAnOntologyAndTakesItDown) {
     EXPECT_EQ(ask({"spaces"}), before);
 }
 
+TEST(Journey, KeepsSkills) {
+    const SampleLibrary library;
+    const std::string notes = "53a721e0-9582-4590-9d74-374d6c481bc8";
+    const auto ask = [](std::vector<std::string> arguments, Input input = {}) {
+        arguments.insert(arguments.begin(), "skill");
+        return output(arguments, std::move(input));
+    };
+    const auto refusal = [](std::vector<std::string> arguments) {
+        arguments.insert(arguments.begin(), "skill");
+        return failure(arguments);
+    };
+    const std::string before = ask({"ls"});
+    const std::string bundle = answeredId(ask({"bundle", "create", "Kitchen"}));
+    const std::string skill = answeredId(ask({"create", "brew", "--parent", bundle, "--content", "Warm the pot."}));
+    EXPECT_THAT(ask({"stat", skill}), AllOf(HasSubstr(R"("revision":"1")"), HasSubstr(R"("parentId":")" + bundle)));
+    EXPECT_EQ(ask({"file", "cat", skill}), "---\nname: brew\ndescription: Warm the pot.\n---\n\nWarm the pot.\n");
+
+    EXPECT_THAT(ask({"file", "tee", skill, "notes/times.md"}, Input::pipe("two\ntwo\n")),
+                ContainsRegex("^wrote notes/times.md — package [0-9a-f]{12}, valid\n$"));
+    EXPECT_THAT(refusal({"file", "sed", skill, "notes/times.md", "--old", "two", "--new", "3"}),
+                HasSubstr("than once"));
+    ask({"file", "sed", skill, "notes/times.md", "--old", "two", "--new", "3", "--all"});
+    ask({"file", "mv", skill, "notes", "--to", "data"});
+    EXPECT_EQ(ask({"file", "cat", skill, "data/times.md"}), "3\n3\n");
+    EXPECT_THAT(refusal({"file", "rm", skill, "data"}), HasSubstr("is a directory"));
+    ask({"file", "rm", skill, "data", "-r"});
+    ask({"file", "sed", skill, "SKILL.md", "--old", "name: ", "--new", ""});
+    EXPECT_EQ(runTool({"skill", "validate", skill}).status, 1);
+
+    EXPECT_EQ(ask({"install", skill, "--agent", "codex"}), "installed skill brew → codex\n");
+    EXPECT_THAT(ask({"installed"}), HasSubstr(R"({"name":"brew","agent":"codex","source":"direct"})"));
+    EXPECT_EQ(ask({"uninstall", skill}), "uninstalled skill brew → codex\n");
+    EXPECT_THAT(ask({"install", notes, "--agent", "claude"}, Input::terminal("y\n")),
+                HasSubstr("[y/N] installed skill release-notes → claude\n"));
+
+    EXPECT_THAT(refusal({"suggestion", "apply", "update-90be37c15d2486fa"}), HasSubstr("stale_suggestion"));
+    EXPECT_THAT(ask({"suggestion", "apply", "update-4f1c09d27ab3e586"}), HasSubstr("appliedTo"));
+    ask({"feedback", "tasting-notes", "Too sweet."});
+    EXPECT_THAT(ask({"analytics", "tasting-notes"}), HasSubstr("Too sweet."));
+
+    EXPECT_THAT(refusal({"remove", bundle, "--force"}), HasSubstr("in use"));
+    EXPECT_THAT(refusal({"remove", skill, "--force", "--if-revision", "1"}), HasSubstr("its revision is "));
+    ask({"remove", skill, "--force"});
+    ask({"remove", bundle}, Input::terminal("yes\n"));
+    EXPECT_EQ(ask({"ls"}), before);
+}
+
 } // namespace

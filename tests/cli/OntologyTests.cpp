@@ -5,8 +5,6 @@ using namespace testsupport;
 
 namespace {
 
-const std::string lowerId = "7f1b103c-df15-42b0-aab4-77d26415479c";
-const std::string lowerOther = "90c192cf-d3ac-44af-8f21-ddb66cad4a26";
 const std::string prefix = "/api/ontology/v2/";
 
 /// A run of `ontology <words>` that makes `request`, whose path begins behind the family's prefix, and prints the
@@ -14,15 +12,6 @@ const std::string prefix = "/api/ontology/v2/";
 CommandRow asks(const std::string& words, const std::string& method, const std::string& path,
                 const std::string& body = {}, Location where = Location::current()) {
     return requestRow("ontology " + words, method + " " + prefix + path + (body.empty() ? "" : "\n" + body), where);
-}
-
-/// A check that fails while the command runs: the usage is the root's.
-void expectRefusedByRun(const Words& words, const std::string& message, Location where = Location::current()) {
-    expectRow({.arguments = with("ontology", words),
-               .err = "Error: " + message +
-                      "\nUsage: orvane-cli <subcommand>\n  See 'orvane-cli --help' for more information.\n",
-               .status = 64,
-               .where = where});
 }
 
 TEST(Ontology, AsksInLowerCase) {
@@ -84,8 +73,8 @@ TEST(Ontology, DeletesAndSaysWhat) {
         expectRow(row("ontology " + word + " delete " + id, "DELETE " + prefix + collection + "/" + lowerId,
                       R"({"ignored":1})", "Deleted " + said + " " + lowerId + "\n"));
         expectServiceRefusal("ontology " + word + " delete " + id);
-        expectRefusedByRun(word + " delete x", "id must be a UUID.");
-        expectRefusedByRun(word + " get x", "id must be a UUID.");
+        expectRefusedByRun("ontology " + word + " delete x", "id must be a UUID.");
+        expectRefusedByRun("ontology " + word + " get x", "id must be a UUID.");
     }
 }
 
@@ -121,35 +110,36 @@ TEST(Ontology, ChecksBeforeItRuns) {
 TEST(Ontology, ChecksInOrderWhileItRuns) {
     const std::string nothing = "Provide at least one property to update.";
     for (const char* word : {"space", "type", "enum", "enum-case"}) {
-        expectRefusedByRun(std::string(word) + " update " + id, nothing);
-        expectRefusedByRun(std::string(word) + " update x --emoji e --clear-emoji", "id must be a UUID.");
+        expectRefusedByRun("ontology " + std::string(word) + " update " + id, nothing);
+        expectRefusedByRun("ontology " + std::string(word) + " update x --emoji e --clear-emoji", "id must be a UUID.");
     }
-    expectRefusedByRun("space update " + id + " --emoji e --clear-emoji --description d --clear-description",
+    expectRefusedByRun("ontology space update " + id + " --emoji e --clear-emoji --description d --clear-description",
                        "Use either --emoji or --clear-emoji, not both.");
-    expectRefusedByRun("space update " + id + " --description d --clear-description",
+    expectRefusedByRun("ontology space update " + id + " --description d --clear-description",
                        "Use either --description or --clear-description, not both.");
-    expectRefusedByRun("type update " + id + " --inherits-from-type-id x --display-field-id y",
+    expectRefusedByRun("ontology type update " + id + " --inherits-from-type-id x --display-field-id y",
                        "inherits-from-type-id must be a UUID.");
-    expectRefusedByRun("type update " + id + " --display-field-id y", "display-field-id must be a UUID.");
-    expectRefusedByRun("type create x N --inherits-from-type-id y", "space-id must be a UUID.");
-    expectRefusedByRun("type create " + id + " N --inherits-from-type-id y", "inherits-from-type-id must be a UUID.");
-    expectRefusedByRun("types x", "space-id must be a UUID.");
-    expectRefusedByRun("fields x", "type-id must be a UUID.");
-    expectRefusedByRun("enum create x N", "space-id must be a UUID.");
-    expectRefusedByRun("enum-cases x", "enum-id must be a UUID.");
-    expectRefusedByRun("enum-case create x N --sort-index=-1", "enum-id must be a UUID.");
-    expectRefusedByRun("enum-case create " + id + " N --sort-index=-1", "sort-index must be non-negative.");
-    expectRefusedByRun("enum-case update " + id + " --sort-index=-1", "sort-index must be non-negative.");
-    expectRefusedByRun("objects --space-id x", "space-id must be a UUID.");
-    expectRefusedByRun("objects --type-id x", "type-id must be a UUID.");
-    expectRefusedByRun("object create x y", "space-id must be a UUID.");
-    expectRefusedByRun("object create " + id + " y", "type-id must be a UUID.");
-    expectRefusedByRun("object update x --type-id y", "id must be a UUID.");
-    expectRefusedByRun("object update " + id + " --type-id y", "type-id must be a UUID.");
-    expectRefusedByRun("assertions x", "object-id must be a UUID.");
-    expectRefusedByRun("assertion children x", "assertion-id must be a UUID.");
-    expectRefusedByRun("assertion add-support x y", "assertion-id must be a UUID.");
-    expectRefusedByRun("assertion remove-support " + id + " y", "node-id must be a UUID.");
+    expectRefusedByRun("ontology type update " + id + " --display-field-id y", "display-field-id must be a UUID.");
+    expectRefusedByRun("ontology type create x N --inherits-from-type-id y", "space-id must be a UUID.");
+    expectRefusedByRun("ontology type create " + id + " N --inherits-from-type-id y",
+                       "inherits-from-type-id must be a UUID.");
+    expectRefusedByRun("ontology types x", "space-id must be a UUID.");
+    expectRefusedByRun("ontology fields x", "type-id must be a UUID.");
+    expectRefusedByRun("ontology enum create x N", "space-id must be a UUID.");
+    expectRefusedByRun("ontology enum-cases x", "enum-id must be a UUID.");
+    expectRefusedByRun("ontology enum-case create x N --sort-index=-1", "enum-id must be a UUID.");
+    expectRefusedByRun("ontology enum-case create " + id + " N --sort-index=-1", "sort-index must be non-negative.");
+    expectRefusedByRun("ontology enum-case update " + id + " --sort-index=-1", "sort-index must be non-negative.");
+    expectRefusedByRun("ontology objects --space-id x", "space-id must be a UUID.");
+    expectRefusedByRun("ontology objects --type-id x", "type-id must be a UUID.");
+    expectRefusedByRun("ontology object create x y", "space-id must be a UUID.");
+    expectRefusedByRun("ontology object create " + id + " y", "type-id must be a UUID.");
+    expectRefusedByRun("ontology object update x --type-id y", "id must be a UUID.");
+    expectRefusedByRun("ontology object update " + id + " --type-id y", "type-id must be a UUID.");
+    expectRefusedByRun("ontology assertions x", "object-id must be a UUID.");
+    expectRefusedByRun("ontology assertion children x", "assertion-id must be a UUID.");
+    expectRefusedByRun("ontology assertion add-support x y", "assertion-id must be a UUID.");
+    expectRefusedByRun("ontology assertion remove-support " + id + " y", "node-id must be a UUID.");
 }
 
 class OntologyDrafts : public TemporaryFiles {};
@@ -188,18 +178,19 @@ TEST_F(OntologyDrafts, AreOneObjectOrRefused) {
     expectFailed("ontology assertion update " + id + " --from-file " + list, {},
                  "Replacement Assertion draft" + unlike);
     expectFailed("ontology field update " + id + " --from-file " + directory, {}, "File not found: " + directory);
-    expectRefusedByRun("field update " + id + " --from-file " + file("empty", " { } "),
+    expectRefusedByRun("ontology field update " + id + " --from-file " + file("empty", " { } "),
                        "Provide at least one property to update.");
     // A Field's draft is read before its parent is looked at, an Assertion's behind it.
     expectFailed("ontology field create --type-id x --from-file ~/none", {}, "File not found: ~/none");
-    expectRefusedByRun("field create --type-id x --from-file " + file("some", "{}"), "type-id must be a UUID.");
-    expectRefusedByRun("field create --parent-field-id x --from-file " + file("some", "{}"),
+    expectRefusedByRun("ontology field create --type-id x --from-file " + file("some", "{}"),
+                       "type-id must be a UUID.");
+    expectRefusedByRun("ontology field create --parent-field-id x --from-file " + file("some", "{}"),
                        "parent-field-id must be a UUID.");
-    expectRefusedByRun("field update x --from-file /none", "id must be a UUID.");
-    expectRefusedByRun("assertion create --object-id x --from-file /none", "object-id must be a UUID.");
-    expectRefusedByRun("assertion create --parent-assertion-id x --from-file /none",
+    expectRefusedByRun("ontology field update x --from-file /none", "id must be a UUID.");
+    expectRefusedByRun("ontology assertion create --object-id x --from-file /none", "object-id must be a UUID.");
+    expectRefusedByRun("ontology assertion create --parent-assertion-id x --from-file /none",
                        "parent-assertion-id must be a UUID.");
-    expectRefusedByRun("assertion update x --from-file /none", "id must be a UUID.");
+    expectRefusedByRun("ontology assertion update x --from-file /none", "id must be a UUID.");
 }
 
 } // namespace

@@ -88,6 +88,16 @@ TEST(Terminal, ShowsWhatWouldSteerIt) {
                 "moved context  → folder @%\n");
     expectShown("delete " + id, {reply(R"({"message":"@%b"})"), reply(R"({"name":"@","transcriptId":"%"})")},
                 "@!\n\tb\nContinue? [y/N] deleted chat \"@\"  %\n");
+    expectShown("skill install " + id,
+                {reply(R"({"error":"name_conflict","confirmationRequired":true,"message":"@%b"})", 409),
+                 reply(R"({"kind":"@","name":"@%","agents":["@","%"]})")},
+                "@!\n\tb\nReplace all and continue? [y/N] installed @ @    → @,    \n");
+    expectShown("skill file mkdir " + id + " p",
+                {reply(R"({"path":"@%","packageHash":"~","validationStatus":"valid"})")},
+                "created @    — package ~, valid\n");
+    expectShown("skill file cat " + id, {reply(R"({"text":"@%b"})")}, "@!\n\tb\n");
+    expectShown("skill validate " + id, {reply(R"({"validationStatus":"@%"})")}, "@   \n");
+    expectShown("skill suggestion ls", {answer(400, "\x1B\u202E")}, "", "\x1B\u202E\n");
     expectShown("status", {reply(R"({"message":"@!"})", 400)}, "", "error: @!\n");
     expectShown("mv " + id + " --unfiled", {reply(R"({"kind":"@"})")}, "",
                 "Error: Nodes of kind '@' cannot be moved or renamed.\n");

@@ -121,6 +121,16 @@ void expectRefused(const Words& arguments, const std::string& message, const std
                .where = where});
 }
 
+void expectRefusedByRun(const Words& arguments, const std::string& message, const ToolSetting& setting,
+                        Location where) {
+    expectRow({.arguments = arguments,
+               .err = "Error: " + message +
+                      "\nUsage: orvane-cli <subcommand>\n  See 'orvane-cli --help' for more information.\n",
+               .status = 64,
+               .setting = setting,
+               .where = where});
+}
+
 void expectMissing(const Words& arguments, const std::string& input, Location where) {
     expectRefused(arguments, "Missing expected argument '" + input + "'", input, where);
 }

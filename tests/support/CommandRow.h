@@ -28,6 +28,10 @@ using Location = std::source_location;
 inline const std::string id = "7F1b103c-DF15-42b0-aab4-77d26415479c";
 inline const std::string other = "90C192cf-d3ac-44AF-8f21-ddb66cad4a26";
 
+/// The same as commands send them that give every id in one form.
+inline const std::string lowerId = "7f1b103c-df15-42b0-aab4-77d26415479c";
+inline const std::string lowerOther = "90c192cf-d3ac-44af-8f21-ddb66cad4a26";
+
 /// A command line with everything that it must lead to. All of it is compared for equality. Each request must also
 /// carry the headers Host, and with a body Content-Type (application/json) and Content-Length, and no other.
 struct CommandRow {
@@ -83,6 +87,10 @@ void expectReplies(const Words& arguments, const std::string& request, const std
 /// read on. With an `input` such as "--name <name>", its help from that screen stands in front.
 void expectRefused(const Words& arguments, const std::string& message, const std::string& input = {},
                    Location where = Location::current());
+
+/// The same by a check that is made while the command runs: the usage is the root's.
+void expectRefusedByRun(const Words& arguments, const std::string& message, const ToolSetting& setting = {},
+                        Location where = Location::current());
 
 /// Refused because the required `input` is missing.
 void expectMissing(const Words& arguments, const std::string& input, Location where = Location::current());

@@ -75,6 +75,10 @@ TEST(Json, ObjectsAnswerForTheTypeAsked) {
     EXPECT_EQ(root.objects("os")->at(0).text("t"), "y");
     EXPECT_EQ(root.objects("os")->size(), 2U);
     EXPECT_EQ(root.objects("none")->size(), 0U);
+    EXPECT_EQ(root.texts("none")->size(), 0U);
+    EXPECT_THAT(*object(R"({"a":["x","\u00e9"]})").object().texts("a"), ElementsAre("x", "é"));
+    EXPECT_FALSE(root.texts("mixed") || root.texts("os") || root.texts("t") || root.texts("a") ||
+                 object(R"({"a":["x",[]]})").object().texts("a"));
     EXPECT_FALSE(root.objects("mixed") || root.objects("o") || root.object("os") || root.text("null") ||
                  root.boolean("t") || root.integer("yes") || root.value("a"));
     EXPECT_TRUE(root.value("null"));
