@@ -84,6 +84,9 @@ std::string zoneOfSetting(std::string_view setting) {
 } // namespace
 
 bool isTimeZoneIdentifier(std::string_view text) {
+    if (text == "GMT" || text == "UTC") {
+        return true; // Also where the system has no database, so that the current zone is always a known one.
+    }
     const std::vector<std::string_view> names = split(text, '/');
     return std::all_of(names.begin(), names.end(), isName) && !isBesideZones(text) &&
            isZoneFile(std::string(databaseDirectory).append(text));
