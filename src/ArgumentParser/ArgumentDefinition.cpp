@@ -57,4 +57,8 @@ std::vector<std::string_view> ArgumentDefinition::allValueStrings() const {
     return input == nullptr ? std::vector<std::string_view>() : input->allValueStrings();
 }
 
+CompletionKind ArgumentDefinition::completion() const {
+    return input == nullptr ? CompletionKind() : input->completion();
+}
+
 } // namespace argumentparser

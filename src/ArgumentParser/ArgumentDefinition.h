@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "ArgumentParser/ArgumentHelp.h"
+#include "ArgumentParser/CompletionKind.h"
 #include "ArgumentParser/InputKey.h"
 #include "ArgumentParser/Name.h"
 
@@ -59,6 +60,8 @@ struct ArgumentDefinition {
     std::string defaultValue() const;
     /// The closed set of values; empty when open.
     std::vector<std::string_view> allValueStrings() const;
+    /// What a shell may offer for the value.
+    CompletionKind completion() const;
 };
 
 } // namespace argumentparser

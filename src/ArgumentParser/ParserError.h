@@ -20,6 +20,16 @@ struct HelpRequested {
     ArgumentVisibility visibility = ArgumentVisibility::shown;
 };
 struct VersionRequested {};
+struct CompletionScriptRequested {
+    std::optional<std::string> shell = {}; ///< By name; nothing for the user's own.
+};
+/// The answer to a completion script that asked for candidates.
+struct CompletionScriptCustomResponse {
+    std::string text;
+};
+struct UnsupportedShell {
+    std::optional<std::string> shell = {}; ///< Nothing when the user's own has no script.
+};
 struct UnknownOption {
     Name name;
 };
@@ -79,10 +89,11 @@ struct InvalidState {};
 struct MissingSubcommand {};
 
 using ParserError =
-    std::variant<HelpRequested, VersionRequested, UnknownOption, InvalidOption, NonAlphanumericShortOption,
-                 MissingValueForOption, MissingValueOrUnknownCompositeOption, UnexpectedValueForOption,
-                 UnexpectedExtraValues, DuplicateExclusiveValues, NoValue, UnableToParseValue, UserValidationError,
-                 NoArguments, NotParentCommand, NotImplemented, InvalidState, MissingSubcommand>;
+    std::variant<HelpRequested, VersionRequested, CompletionScriptRequested, CompletionScriptCustomResponse,
+                 UnsupportedShell, UnknownOption, InvalidOption, NonAlphanumericShortOption, MissingValueForOption,
+                 MissingValueOrUnknownCompositeOption, UnexpectedValueForOption, UnexpectedExtraValues,
+                 DuplicateExclusiveValues, NoValue, UnableToParseValue, UserValidationError, NoArguments,
+                 NotParentCommand, NotImplemented, InvalidState, MissingSubcommand>;
 
 /// A parser error with the command that was selected when it arose.
 struct CommandError {

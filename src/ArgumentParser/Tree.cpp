@@ -65,6 +65,15 @@ const Tree* Tree::child(const CommandType& type) const {
     return findAmongChildren([&](const Tree& child) { return child.element_ == type ? &child : nullptr; });
 }
 
+std::vector<const Tree*> Tree::children() const {
+    std::vector<const Tree*> nodes;
+    findAmongChildren([&](const Tree& child) -> const Tree* {
+        nodes.push_back(&child);
+        return nullptr;
+    });
+    return nodes;
+}
+
 const Tree* Tree::find(const CommandType& type) const {
     return element_ == type ? this : findAmongChildren([&](const Tree& child) { return child.find(type); });
 }

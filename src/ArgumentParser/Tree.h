@@ -28,6 +28,8 @@ public:
     /// The child that `word` selects, by name before aliases; nothing when there is none.
     const Tree* child(std::string_view word) const;
     const Tree* child(const CommandType& type) const;
+    /// All of them in order of display.
+    std::vector<const Tree*> children() const;
     /// The node of `type` here or below; nothing when there is none.
     const Tree* find(const CommandType& type) const;
     /// The nodes from the root to this one.
