@@ -60,6 +60,9 @@ function __@id@_parse_subcommand --no-scope-shadowing -a command_words positiona
     set -l parsing --ignore-unknown
     if set -q subcommands[1]
         set -a parsing --stop-nonopt
+        if test "$unparsed_tokens[1]" = --; and test -z "$rest_or_default"
+            return
+        end
     end
     set -l specs $argv[5..]
     if not argparse $parsing $specs -- $unparsed_tokens 2>/dev/null

@@ -13,7 +13,7 @@ namespace {
 constexpr std::string_view requestName = "generate-completion-script";
 
 struct GenerateCompletions final : ParsableArguments {
-    Option<std::optional<std::string>> generateCompletionScript{*this, requestName, ""};
+    Option<std::optional<std::string>> generateCompletionScript{*this, requestName, std::optional<std::string>(), ""};
 };
 
 struct AutodetectedGenerateCompletions final : ParsableArguments {

@@ -172,7 +172,7 @@ private:
             return;
         }
         text_ += "    case \"${state}\" in\n    command)\n" + subcommandArray(command, "        ") +
-                 "        _describe -V subcommand subcommands && ret=0\n        ;;\n"
+                 "        ((${words[(ie)--]} < CURRENT)) || _describe -V subcommand subcommands && ret=0\n        ;;\n"
                  "    arg)\n        case \"${words[1]}\" in\n";
         for (const CompletionCommand& child : command.children) {
             text_ += "        " + pattern(child.words) + ") " + functionName(child.path) + " && ret=0 ;;\n";
@@ -208,7 +208,9 @@ private:
             }
             text_ += "    # Without the word of a subcommand, the words are those of " + child->name() +
                      ".\n    if ((CURRENT > 2)) && [[ \"${words[2]%%=*}\" != (" + pattern(own) +
-                     ") ]]; then\n        " + functionName(child->path) + "\n        return\n    fi\n";
+                     ") ]]; then\n        " + functionName(child->path) +
+                     "\n        return\n    fi\n"
+                     "    local -ir is_first=\"$((CURRENT == 2))\"\n    local -r first_word=\"${words[2]}\"\n";
         }
     }
 
@@ -219,7 +221,7 @@ private:
                 child->positionals.begin(), child->positionals.end(), [](const CompletionInput& positional) {
                     return !std::holds_alternative<CompletionKind::Default>(positional.completion.value);
                 });
-            text_ += std::string("    ((CURRENT == 2)) && ") + (hasValues ? "" : "[[ \"${words[2]}\" = -* ]] && ") +
+            text_ += std::string("    ((is_first)) && ") + (hasValues ? "" : "[[ \"${first_word}\" = -* ]] && ") +
                      functionName(child->path) + " && ret=0\n";
         }
     }
