@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "ArgumentParser/ArgumentHelp.h"
+#include "ArgumentParser/CompletionKind.h"
 #include "ArgumentParser/InputKey.h"
 #include "ArgumentParser/Name.h"
 

@@ -5,6 +5,8 @@
 
 #include "ArgumentParser/BuiltInFlags.h"
 #include "ArgumentParser/CommandExit.h"
+#include "ArgumentParser/CustomCompletion.h"
+#include "ArgumentParser/GenerateCompletions.h"
 #include "ArgumentParser/HelpCommand.h"
 #include "ArgumentParser/KnownArgumentsParser.h"
 
@@ -33,7 +35,13 @@ bool isFailure(const ParserError& error) {
 
 const ParsableCommand& CommandParser::parse(std::span<const std::string_view> arguments) {
     try {
+        if (!arguments.empty() && arguments.front() == customCompletionWord) {
+            throw ParserError(CompletionScriptCustomResponse{customCompletion(commandTree_, arguments.subspan(1))});
+        }
         SplitArguments split(arguments);
+        if (auto request = completionScriptRequest(split, commandTree_)) {
+            throw ParserError(*std::move(request));
+        }
         descend(split);
         checkForBuiltInFlags(split);
         checkForLeftovers(split);

@@ -4,6 +4,7 @@
 
 #include "ArgumentParser/BuiltInFlags.h"
 #include "ArgumentParser/CommandExit.h"
+#include "ArgumentParser/CompletionShell.h"
 #include "ArgumentParser/EditDistance.h"
 #include "ArgumentParser/Tree.h"
 #include "platform/Text.h"
@@ -53,6 +54,18 @@ public:
     std::string operator()(const HelpRequested&) const { return {}; }
     std::string operator()(const VersionRequested&) const { return {}; }
     std::string operator()(const DumpHelpRequested&) const { return {}; }
+    std::string operator()(const CompletionScriptRequested&) const { return {}; }
+    std::string operator()(const CompletionScriptCustomResponse&) const { return {}; }
+
+    std::string operator()(const UnsupportedShell& error) const {
+        std::string message = error.shell ? "Can't generate completion scripts for " + quoted(*error.shell) + "."
+                                          : "Can't autodetect a supported shell.";
+        message += "\nPlease use --generate-completion-script=<shell> with one of:\n   ";
+        for (const std::string_view name : completionShellNames) {
+            message.append(" ").append(name);
+        }
+        return message;
+    }
 
     std::string operator()(const UnknownOption& error) const { return unknownOption(error.name); }
 

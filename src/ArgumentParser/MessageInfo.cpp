@@ -4,6 +4,7 @@
 
 #include "ArgumentParser/BuiltInFlags.h"
 #include "ArgumentParser/CommandExit.h"
+#include "ArgumentParser/CompletionsGenerator.h"
 #include "ArgumentParser/ErrorMessageGenerator.h"
 #include "ArgumentParser/HelpGenerator.h"
 #include "ArgumentParser/ToolInfo.h"
@@ -38,6 +39,14 @@ std::string usageBlock(const Tree& node, const ArgumentSet& arguments) {
         block += "  See '" + commandNames(node) + " " + helpName->synopsis() + "' for more information.";
     }
     return block;
+}
+
+MessageInfo scriptMessage(const CompletionScriptRequested& request, const Tree& root) {
+    const auto shell = request.shell ? completionShell(*request.shell) : autodetectedCompletionShell();
+    if (!shell) {
+        return MessageInfo::of(CommandError{&root, UnsupportedShell{request.shell}}, root);
+    }
+    return {MessageInfo::Help{completionScript(root, *shell)}};
 }
 
 MessageInfo messageOf(const CleanExit& exit, const Tree& selected, const Tree& root) {
@@ -86,6 +95,12 @@ MessageInfo MessageInfo::of(const CommandError& error, const Tree& root) {
     }
     if (std::holds_alternative<VersionRequested>(error.parserError)) {
         return {Help{std::string(versionOf(*error.node))}};
+    }
+    if (const auto* request = std::get_if<CompletionScriptRequested>(&error.parserError)) {
+        return scriptMessage(*request, root);
+    }
+    if (const auto* response = std::get_if<CompletionScriptCustomResponse>(&error.parserError)) {
+        return {Help{response->text}};
     }
     if (const auto* hookError = std::get_if<UserValidationError>(&error.parserError)) {
         return messageOf(hookError->error, *error.node, root);

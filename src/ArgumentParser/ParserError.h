@@ -21,6 +21,16 @@ struct HelpRequested {
 };
 struct VersionRequested {};
 struct DumpHelpRequested {};
+struct CompletionScriptRequested {
+    std::optional<std::string> shell = {}; ///< By name; nothing for the user's own.
+};
+/// The answer to a completion script that asked for candidates.
+struct CompletionScriptCustomResponse {
+    std::string text;
+};
+struct UnsupportedShell {
+    std::optional<std::string> shell = {}; ///< Nothing when the user's own has no script.
+};
 struct UnknownOption {
     Name name;
 };
@@ -80,7 +90,8 @@ struct InvalidState {};
 struct MissingSubcommand {};
 
 using ParserError =
-    std::variant<HelpRequested, VersionRequested, DumpHelpRequested, UnknownOption, InvalidOption,
+    std::variant<HelpRequested, VersionRequested, DumpHelpRequested, CompletionScriptRequested,
+                 CompletionScriptCustomResponse, UnsupportedShell, UnknownOption, InvalidOption,
                  NonAlphanumericShortOption, MissingValueForOption, MissingValueOrUnknownCompositeOption,
                  UnexpectedValueForOption, UnexpectedExtraValues, DuplicateExclusiveValues, NoValue, UnableToParseValue,
                  UserValidationError, NoArguments, NotParentCommand, NotImplemented, InvalidState, MissingSubcommand>;

@@ -28,6 +28,11 @@ using argumentparser::ParsableCommand;
 using argumentparser::ParsingStrategy;
 using argumentparser::ValidationError;
 
+/// Has a shell offer these words for an option's value. Any other text is taken all the same.
+inline argumentparser::OptionSettings<std::string> offering(std::vector<std::string_view> words) {
+    return {.completion = CompletionKind{CompletionKind::List{std::move(words)}}};
+}
+
 /// An integer of a command line: as wide as the service's.
 using Integer = std::int64_t;
 

@@ -13,6 +13,28 @@ namespace {
 constexpr const char* cardSectionHelp =
     "The section: education, workExperience, connections, projects, decisions, expertise, upcoming.";
 
+using Words = std::vector<std::string_view>;
+
+Words scalarFields() {
+    return {"name", "preferredName", "dateOfBirth", "email", "phone", "address", "employer", "jobTitle"};
+}
+
+Words cardSections() {
+    return {"education", "workExperience", "connections", "projects", "decisions", "expertise", "upcoming"};
+}
+
+Words textSections() {
+    return {"biography", "communication", "personality"};
+}
+
+Words allSections() {
+    Words all = scalarFields();
+    for (const Words& more : {cardSections(), textSections()}) {
+        all.insert(all.end(), more.begin(), more.end());
+    }
+    return all;
+}
+
 /// The object that an option's JSON text holds. Throws CLIError, with `message`, for anything but an object of texts.
 JsonBody objectOfTexts(std::string_view json, const std::string& message) {
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
@@ -43,7 +65,8 @@ struct ProfileGet final : ParsableCommand {
         *this, "section",
         "Read a specific section: name, preferredName, dateOfBirth, email, phone, address, employer, jobTitle, "
         "education, workExperience, connections, projects, decisions, expertise, upcoming, biography, communication, "
-        "personality."};
+        "personality.",
+        offering(allSections())};
 
     void run() const override {
         passOnGet(buildQueryPath("/api/profile", QueryItems().addIfGiven("section", section)));
@@ -58,7 +81,8 @@ struct ProfileEditField final : ParsableCommand {
 
     Option<std::string> field{
         *this, "field",
-        "The field to update: name, preferredName, dateOfBirth, email, phone, address, employer, jobTitle."};
+        "The field to update: name, preferredName, dateOfBirth, email, phone, address, employer, jobTitle.",
+        offering(scalarFields())};
     Option<std::string> value{*this, "value", "The new value for the field."};
 
     void run() const override {
@@ -74,7 +98,8 @@ struct ProfileEditText final : ParsableCommand {
                 .abstract = "Replace a markdown text section (biography, communication, personality)."};
     }
 
-    Option<std::string> section{*this, "section", "The section to replace: biography, communication, personality."};
+    Option<std::string> section{*this, "section", "The section to replace: biography, communication, personality.",
+                                offering(textSections())};
     Option<std::optional<std::string>> content{*this, "content", "The new markdown content for the section."};
     Option<std::optional<FilePath>> contentFile{
         *this, "content-file",
@@ -97,7 +122,7 @@ struct ProfileAddCard final : ParsableCommand {
         return {.commandName = "add-card", .abstract = "Add a new card to a structured section."};
     }
 
-    Option<std::string> section{*this, "section", cardSectionHelp};
+    Option<std::string> section{*this, "section", cardSectionHelp, offering(cardSections())};
     Option<std::string> fields{*this, "fields",
                                R"(Card fields as a JSON object, e.g. '{"name":"Alice","shortDescription":"Friend"}'.)"};
 
@@ -115,7 +140,7 @@ struct ProfileUpdateCard final : ParsableCommand {
                 .abstract = "Update specific fields on an existing card by section and index."};
     }
 
-    Option<std::string> section{*this, "section", cardSectionHelp};
+    Option<std::string> section{*this, "section", cardSectionHelp, offering(cardSections())};
     Option<Integer> index{*this, "index", "0-based index of the card to update."};
     Option<std::string> updates{*this, "updates",
                                 R"(Fields to update as a JSON object, e.g. '{"description":"New description"}'.)"};
@@ -134,7 +159,7 @@ struct ProfileRemoveCard final : ParsableCommand {
         return {.commandName = "remove-card", .abstract = "Remove a card from a structured section by index."};
     }
 
-    Option<std::string> section{*this, "section", cardSectionHelp};
+    Option<std::string> section{*this, "section", cardSectionHelp, offering(cardSections())};
     Option<Integer> index{*this, "index", "0-based index of the card to remove."};
 
     void run() const override {

@@ -13,13 +13,17 @@ namespace orvane {
 
 namespace {
 
+std::vector<std::string_view> sourceTypes() {
+    return {"all",          "context",    "transcript", "profile", "notes",     "obsidian", "document",
+            "local_folder", "sharepoint", "memory",     "meeting", "messaging", "email"};
+}
+
 void validateSourceType(const std::string& type) {
-    const std::vector<std::string> types{"all",      "context",   "transcript",   "profile",    "notes",
-                                         "obsidian", "document",  "local_folder", "sharepoint", "memory",
-                                         "meeting",  "messaging", "email"};
+    const std::vector<std::string_view> types = sourceTypes();
     const bool isAlias = type == "granola" || type == "read_ai"; // former words, accepted without being offered
     if (!isAlias && std::find(types.begin(), types.end(), type) == types.end()) {
-        throw ValidationError{"source-type must be one of: " + platform::joined(types, ", ") + "."};
+        throw ValidationError{"source-type must be one of: " + platform::joined({types.begin(), types.end()}, ", ") +
+                              "."};
     }
 }
 
@@ -33,7 +37,8 @@ struct SourceList final : ParsableCommand {
         *this, "source-type", "all",
         "Filter by source world: all, context, transcript, profile, notes, obsidian, document, local_folder, "
         "sharepoint, memory, meeting, messaging, email. Provider-named meeting values are accepted only as "
-        "compatibility aliases."};
+        "compatibility aliases.",
+        offering(sourceTypes())};
     Option<std::optional<std::string>> since{
         *this, "since", "Only include children updated at or after this date. Accepts ISO-8601 or yyyy-MM-dd."};
     Option<std::optional<std::string>> until{

@@ -18,7 +18,9 @@ struct TranscriptList final : ParsableCommand {
     Option<std::optional<std::string>> type{
         *this, "type",
         "Filter by source: chatgpt, claude, gemini, perplexity, openclaw, claude-code, claude-cowork, codex, cursor, "
-        "pi, manus, grok."};
+        "pi, manus, grok.",
+        offering({"chatgpt", "claude", "gemini", "perplexity", "openclaw", "claude-code", "claude-cowork", "codex",
+                  "cursor", "pi", "manus", "grok"})};
     Option<Integer> limit{*this, "limit", 50, "Maximum number of results (default: 50, max: 500)."};
     Option<std::optional<std::string>> owner{*this, "owner", ownOwnerHelp};
 
