@@ -1,0 +1,33 @@
+# The Debian package, which `cpack` makes. The tool is one static executable, so that the zone database is all it needs.
+set(changelog "${CMAKE_CURRENT_BINARY_DIR}/changelog.gz")
+add_custom_command(
+  OUTPUT "${changelog}"
+  COMMAND gzip --best --no-name --stdout "${CMAKE_CURRENT_SOURCE_DIR}/debian/changelog" > "${changelog}"
+  DEPENDS debian/changelog
+  VERBATIM)
+add_custom_target(debian_changelog ALL DEPENDS "${changelog}")
+
+install(FILES debian/copyright "${changelog}"
+  DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/orvane-cli" COMPONENT debian EXCLUDE_FROM_ALL)
+install(FILES debian/lintian-overrides RENAME orvane-cli
+  DESTINATION "${CMAKE_INSTALL_DATADIR}/lintian/overrides" COMPONENT debian EXCLUDE_FROM_ALL)
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME orvane-cli)
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_INSTALL_CMAKE_PROJECTS
+  "${CMAKE_BINARY_DIR}" orvane-cli tool /
+  "${CMAKE_BINARY_DIR}" orvane-cli debian /)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_MAINTAINER "Orvane CLI maintainers <cli@orvane.app>")
+set(CPACK_DEBIAN_PACKAGE_SECTION utils)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS tzdata)
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "command-line client of Orvane, a personal context library")
+set(CPACK_PACKAGE_DESCRIPTION "\
+People and coding agents reach the library that Orvane keeps on this machine:
+contexts and folders, transcripts of AI conversations, notes, e-mail, meetings,
+a structured profile, an ontology and skills. The library is listed, searched,
+read and edited like a file system, or as the JSON that the application serves.
+.
+Orvane itself must run on the same machine.")
+include(CPack)

@@ -1,0 +1,181 @@
+#include "ManualPages.h"
+
+#include <algorithm>
+
+#include "Roff.h"
+#include "platform/Text.h"
+
+namespace manual {
+
+namespace {
+
+using argumentparser::ArgumentInfoV0;
+using argumentparser::CommandInfoV0;
+using argumentparser::NameInfoV0;
+
+bool isGroup(const CommandInfoV0& command) {
+    return !command.subcommands.empty();
+}
+
+/// The words by which the command is called, with `separator` between them.
+std::string words(const CommandInfoV0& command, std::string_view separator) {
+    std::vector<std::string> names = command.superCommands;
+    names.push_back(command.commandName);
+    return platform::joined(names, separator);
+}
+
+std::string pageName(const CommandInfoV0& command) {
+    return words(command, "-");
+}
+
+std::string reference(const CommandInfoV0& command) {
+    return bold(pageName(command)) + "(1)";
+}
+
+std::string typed(const NameInfoV0& name) {
+    return (name.kind == "long" ? "--" : "-") + name.name;
+}
+
+/// The inputs that are shown, without those that every command has.
+std::vector<ArgumentInfoV0> ownInputs(const CommandInfoV0& command, const std::vector<ArgumentInfoV0>& common) {
+    std::vector<ArgumentInfoV0> inputs;
+    std::copy_if(command.arguments.begin(), command.arguments.end(), std::back_inserter(inputs),
+                 [&](const ArgumentInfoV0& input) {
+                     return input.shouldDisplay && std::find(common.begin(), common.end(), input) == common.end();
+                 });
+    return inputs;
+}
+
+std::string withValue(const std::string& names, const ArgumentInfoV0& input) {
+    constexpr const char* unbreakableBlank = "\\ ";
+    return input.kind == "option" ? names + unbreakableBlank + italic(input.valueName) : names;
+}
+
+std::string synopsisOf(const ArgumentInfoV0& input) {
+    const std::string form =
+        input.kind == "positional" ? italic(input.valueName) : withValue(bold(typed(*input.preferredName)), input);
+    const std::string repeated = input.isRepeating ? form + " ..." : form;
+    return input.isOptional ? "[" + repeated + "]" : repeated;
+}
+
+/// One paragraph: the words of the command, then its inputs.
+std::string synopsis(const CommandInfoV0& command, const std::vector<ArgumentInfoV0>& inputs) {
+    std::string text = bold(words(command, " "));
+    for (const ArgumentInfoV0& input : inputs) {
+        text += "\n" + synopsisOf(input);
+    }
+    return text + "\n";
+}
+
+std::string label(const ArgumentInfoV0& input) {
+    if (input.kind == "positional") {
+        return italic(input.valueName);
+    }
+    std::vector<std::string> names;
+    for (const NameInfoV0& name : input.names) {
+        names.push_back(bold(typed(name)));
+    }
+    return withValue(platform::joined(names, ", "), input);
+}
+
+/// What is known of the values, as the help screens put it; empty for nothing.
+std::string valuesNote(const ArgumentInfoV0& input) {
+    std::vector<std::string> notes;
+    if (!input.allValues.empty()) {
+        notes.push_back("values: " + platform::joined(input.allValues, ", "));
+    }
+    if (!input.defaultValue.empty()) {
+        notes.push_back("default: " + input.defaultValue);
+    }
+    return notes.empty() ? "" : "(" + platform::joined(notes, "; ") + ")";
+}
+
+/// A list of inputs with their texts.
+std::string list(const std::vector<ArgumentInfoV0>& inputs) {
+    std::string text;
+    for (const ArgumentInfoV0& input : inputs) {
+        text += ".TP\n" + label(input) + "\n";
+        for (const std::string& line : {input.abstract, input.discussion, valuesNote(input)}) {
+            text += line.empty() ? "" : escaped(line) + "\n";
+        }
+    }
+    return text;
+}
+
+std::string commandSection(const CommandInfoV0& command, const CommandInfoV0& group) {
+    const std::vector<ArgumentInfoV0> inputs = ownInputs(command, group.arguments);
+    std::string text = ".SS " + escaped(words(command, " ")) + "\n" + paragraphs(command.abstract);
+    if (command.commandName == group.defaultSubcommand) {
+        text += "This is what runs when no subcommand is named.\n";
+    }
+    return text + paragraphs(command.discussion) + ".PP\n" + synopsis(command, inputs) + list(inputs);
+}
+
+std::string nameSection(const CommandInfoV0& command) {
+    std::string_view summary = command.abstract;
+    summary.remove_suffix(summary.ends_with('.') ? 1 : 0);
+    return ".SH NAME\n" + escaped(pageName(command)) + " \\- " + escaped(summary) + "\n";
+}
+
+std::string seeAlsoSection(const CommandInfoV0& group, const std::vector<const CommandInfoV0*>& pages) {
+    std::vector<std::string> references;
+    for (const CommandInfoV0* page : pages) {
+        const bool isAbove =
+            !group.superCommands.empty() && pageName(*page) == platform::joined(group.superCommands, "-");
+        const bool isBelow =
+            !page->superCommands.empty() && pageName(group) == platform::joined(page->superCommands, "-");
+        if (isAbove || isBelow) {
+            references.push_back(reference(*page));
+        }
+    }
+    return references.empty() ? "" : ".SH SEE ALSO\n" + platform::joined(references, ",\n") + "\n";
+}
+
+std::string pageText(const CommandInfoV0& group, const std::vector<const CommandInfoV0*>& pages,
+                     std::string_view version, std::string_view remarks) {
+    const std::vector<ArgumentInfoV0> inputs = ownInputs(group, {});
+    std::string commands;
+    std::string groups;
+    for (const CommandInfoV0& command : group.subcommands) {
+        if (!command.shouldDisplay) {
+            continue;
+        }
+        if (isGroup(command)) {
+            groups += ".TP\n" + reference(command) + "\n" + escaped(command.abstract) + "\n";
+        } else {
+            commands += commandSection(command, group);
+        }
+    }
+    // Neither words nor blanks are stretched: what is typed looks like what is shown.
+    const std::string layout = ".nh\n.ad l\n";
+    const std::string title = platform::uppercased(pageName(group));
+    return ".TH " + escaped(title) + " 1 \"\" \"" + escaped(version) + "\" \"User Commands\"\n" + layout +
+           nameSection(group) + ".SH SYNOPSIS\n" + bold(words(group, " ")) + "\n" + italic("subcommand") + "\n[" +
+           italic("argument") + " ...]\n.SH DESCRIPTION\n" + paragraphs(group.abstract) + paragraphs(group.discussion) +
+           ".SH OPTIONS\nEvery command takes them.\n" + list(inputs) +
+           (groups.empty() ? "" : ".SH COMMAND GROUPS\nEach has a page of its own.\n" + groups) +
+           (commands.empty() ? "" : ".SH COMMANDS\n" + commands) + std::string(remarks) + seeAlsoSection(group, pages);
+}
+
+void addGroups(const CommandInfoV0& command, std::vector<const CommandInfoV0*>& groups) {
+    if (command.shouldDisplay && isGroup(command)) {
+        groups.push_back(&command);
+        for (const CommandInfoV0& child : command.subcommands) {
+            addGroups(child, groups);
+        }
+    }
+}
+
+} // namespace
+
+std::vector<ManualPage> manualPages(const CommandInfoV0& root, std::string_view version, std::string_view rootRemarks) {
+    std::vector<const CommandInfoV0*> groups;
+    addGroups(root, groups);
+    std::vector<ManualPage> pages;
+    for (const CommandInfoV0* group : groups) {
+        pages.push_back({pageName(*group), pageText(*group, groups, version, group == &root ? rootRemarks : "")});
+    }
+    return pages;
+}
+
+} // namespace manual
