@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <set>
-#include <sstream>
 
 #include <gtest/gtest.h>
 
@@ -48,6 +48,8 @@ compadd() {
         local -a candidates
         builtin compadd -A candidates "$@"
         candidates=("${(@Q)candidates:#}")
+        local descriptions="${@[(i)-(l|)d]}"
+        ((descriptions < $#)) && print -rl -- "${(@P)@[descriptions + 1]}" >>"${files}/described"
         ((${#candidates})) && print -rl -- "+${(@)^candidates}" >>"${files}/offered"
     fi
     builtin compadd "$@"
@@ -148,7 +150,9 @@ ShellSession completeIn(Shell shell, const CompletedTool& tool, const std::vecto
         setting.out = setting.err = Output::terminal(200);
     }
     const ToolResult result = runTool(command, setting);
-    const ShellSession session{readOffered(files + "/offered", shell), result.out + result.err};
+    std::ifstream described(files + "/described");
+    const std::string descriptions(std::istreambuf_iterator<char>(described), {});
+    const ShellSession session{readOffered(files + "/offered", shell), descriptions + result.out + result.err};
     std::filesystem::remove_all(files);
     EXPECT_EQ(session.offered.size(), lines.size()) << "from " << command[command.size() - 2] << "\n" << session.screen;
     return session;
