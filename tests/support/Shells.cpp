@@ -14,7 +14,7 @@ namespace testsupport {
 
 namespace {
 
-// The words at the end of each start-up file are filled in. TAB completes; ESC q tells and drops the command line.
+// The words at the end of each start-up file are filled in. TAB completes; ^T tells and drops the command line.
 // What is offered goes to a file of its own: a line that begins with "+" for a candidate, with "=" for what the command
 // line has become.
 
@@ -34,7 +34,7 @@ tell_line() {
     printf '=%s\n' "${READLINE_LINE}" >>"${files}/offered"
     READLINE_LINE='' READLINE_POINT=0
 }
-bind -x '"\eq": tell_line'
+bind -x '"\C-t": tell_line'
 )sh";
 
 constexpr const char* zshSetup = R"sh(PS1='> '
@@ -59,7 +59,7 @@ tell_line() {
     BUFFER=
 }
 zle -N tell_line
-bindkey '\eq' tell_line
+bindkey "^T" tell_line
 )sh";
 
 constexpr const char* fishSetup = R"sh(source "$files/script"
@@ -137,7 +137,7 @@ ShellSession completeIn(Shell shell, const CompletedTool& tool, const std::vecto
         setting.input = Input::pipe(typed);
     } else {
         for (const std::string& line : lines) {
-            typed += line + "\t\x1bq\n";
+            typed += line + "\t\x14\n";
         }
         const bool isBash = shell == Shell::bash;
         const std::string setup = files + (isBash ? "/setup" : "/.zshrc");
