@@ -67,7 +67,8 @@ function __@id@_parse_subcommand --no-scope-shadowing -a command_words positiona
     set -l specs $argv[5..]
     if not argparse $parsing $specs -- $unparsed_tokens 2>/dev/null
         # The last option lacks its value, which is the current word.
-        argparse $parsing $specs -- $unparsed_tokens[..-2] 2>/dev/null
+        set -e unparsed_tokens[-1]
+        argparse $parsing $specs -- $unparsed_tokens 2>/dev/null
     end
     set -a used_names (set -l --names | string match -- '_flag_*')
     set -l position 1

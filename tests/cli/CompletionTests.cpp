@@ -123,7 +123,13 @@ diff < (echo "${before}") < (state);
 >> "${files}/offered" printf '+%s\n' "${COMPREPLY[@]}" >> "${files}/offered"
 }
 )sh";
+    bash.setup += R"sh(bind -x '"\C-t": trap -p RETURN >>"${files}/offered"; tell_line'
+)sh";
     expectOffered(Shell::bash, bash, rows);
+    bash.setup += "COMP_WORDBREAKS=' '\n";
+    expectOffered(Shell::bash, bash, rows);
+    EXPECT_EQ(completeIn(Shell::bash, bash, {"orvane-cli ls --type=pro"}).offered.at(0).line,
+              "orvane-cli ls --type=profile ");
 
     CompletedTool zsh = tool(Shell::zsh);
     zsh.setup = R"sh(

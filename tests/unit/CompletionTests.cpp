@@ -147,6 +147,7 @@ TEST_F(DeclaredCompletions, AreTheSameInAllShells) {
         CompletionRow{"my-tool pack-up --hidden-option --p", ""},
         CompletionRow{"my-tool pack-up --tag ", "a b"},
         CompletionRow{"my-tool pack-up --tag a --tag=", "a b"},
+        CompletionRow{"my-tool pack-up --items x --ta", "--tag"},
         CompletionRow{"my-tool pack-up ", "green red"},
         CompletionRow{"my-tool pack-up -v --tag a r", "red"},
         CompletionRow{"my-tool pack-up red ", ""},
@@ -167,6 +168,7 @@ TEST_F(DeclaredCompletions, AreTheSameInAllShells) {
         CompletionRow{"my-tool job --when now ", "here there"},
         CompletionRow{"my-tool job start ", "here there"},
         CompletionRow{"my-tool wrap --", "--dry --help --level"},
+        CompletionRow{"my-tool wrap --level ", "low"},
         CompletionRow{"my-tool wrap --level low --dry ", "start"},
         CompletionRow{"my-tool wrap --level low start --", "--help --when"},
     };
