@@ -175,6 +175,8 @@ TEST_F(DeclaredCompletions, AreTheSameInAllShells) {
     for (const Shell shell : allShells) {
         expectOffered(shell, tool(shell), rows);
     }
+    // Values up to the next option are followed in bash alone.
+    expectOffered(Shell::bash, tool(Shell::bash), {CompletionRow{"my-tool pack-up --items x ", "x y"}});
 }
 
 TEST_F(DeclaredCompletions, AreQuotedWhereTheShellPutsThemIn) {
