@@ -25,7 +25,6 @@ CompletionInput inputOf(const ArgumentDefinition& definition, const std::vector<
         }
     }
     input.takesValue = definition.takesValue();
-    input.isOptional = definition.isOptional;
     input.isRepeating = definition.isRepeating;
     input.parsingStrategy = definition.parsingStrategy;
     input.valueName = onOneLine(definition.valueName());

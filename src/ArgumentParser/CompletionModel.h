@@ -16,7 +16,6 @@ struct CompletionInput {
     std::vector<Name> names;               ///< None for a positional.
     std::vector<std::string> alternatives; ///< All names, with dashes, of which one command line has but one.
     bool takesValue = false;               ///< A positional does.
-    bool isOptional = false;
     bool isRepeating = false;
     ParsingStrategy parsingStrategy = ParsingStrategy::nextValue;
     std::string valueName;

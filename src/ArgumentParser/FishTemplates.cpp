@@ -65,10 +65,12 @@ function __@id@_parse_subcommand --no-scope-shadowing -a command_words positiona
         end
     end
     set -l specs $argv[5..]
-    if not argparse $parsing $specs -- $unparsed_tokens 2>/dev/null
+    if string match -q -- '-?*' "$unparsed_tokens[-1]"
+        and contains -- (string replace -r '^--?' '' -- "$unparsed_tokens[-1]")=+ $specs
         # The last option lacks its value, which is the current word.
-        argparse $parsing $specs -- $unparsed_tokens[..-2] 2>/dev/null
+        set -e unparsed_tokens[-1]
     end
+    argparse $parsing $specs -- $unparsed_tokens 2>/dev/null
     set -a used_names (set -l --names | string match -- '_flag_*')
     set -l position 1
     while set -q argv[1]

@@ -121,8 +121,7 @@ private:
         if (!positional.isOffered) {
             return positional.isRepeating ? "'*: : '" : "': : '";
         }
-        const std::string start = positional.isRepeating ? "*" : positional.isOptional ? ":" : "";
-        return singleQuoted(start + value(positional, command));
+        return singleQuoted((positional.isRepeating ? "*" : "") + value(positional, command));
     }
 
     /// ":name:action"

@@ -5,7 +5,7 @@ namespace argumentparser {
 const std::string_view zshHelpers = R"zsh(
 # Offers the arguments, as they stand.
 __@id@_complete() {
-    local -ar completions=("${${@//\\/\\\\}//:/\\:}")
+    local -ar completions=("${(@)${(@)@//\\/\\\\}//:/\\:}")
     _describe -V '' completions
 }
 

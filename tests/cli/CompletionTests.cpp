@@ -103,27 +103,33 @@ TEST_F(Completions, LeaveTheUsersSettingsAlone) {
     };
     CompletedTool bash = tool(Shell::bash);
     bash.setup = R"sh(
-set -u -f -o posix
-set +o posix
+set -u
 shopt -s failglob nocasematch
 IGNOREEOF=7
-IFS=:
-alias local=false printf=false
 state() {
-    IFS=$'\n' eval 'shopt -po; shopt -p; compgen -v | grep -vE "^(BASH|COMP|LINENO|RANDOM|SECONDS|EPOCH|SRANDOM|READLINE|PIPE|FUNC|DIRSTACK|_|HIST)"' printf '%s\n' "IFS is ${IFS}"
-                                                                                                                                                                    "IGNOREEOF is ${IGNOREEOF}"
-                                                                                                                                                                    "$(trap)"
+    shopt -p
+    shopt -po
+    compgen -v | grep -vE '^(_|BASH.*|COMP.*|PIPESTATUS|RANDOM|SECONDS|EPOCH.*|SRANDOM)$'
+    printf '%q\n' "${IFS}" "${IGNOREEOF}"
 }
-completed_by_script = _orvane_cli tell_candidates(){local before = "$(state)"
-                                                                   "${completed_by_script}"
-                                                                   "$@"[["$(state)" = "${before}"]] ||
-                                                                   {printf '+%s\n' "changed";
-diff < (echo "${before}") < (state);
+tell_candidates() {
+    local before='' after=''
+    before="$(state)"
+    "${completed_by}" "$@"
+    after="$(state)"
+    [[ "${before}" = "${after}" ]] || diff <(echo "${before}") <(echo "${after}") | sed 's/^/+/; s/ /~/g' >>"${files}/offered"
+    printf '+%s\n' "${COMPREPLY[@]}" >>"${files}/offered"
 }
->> "${files}/offered" printf '+%s\n' "${COMPREPLY[@]}" >> "${files}/offered"
-}
+alias local=false printf=false
+IFS=:
+)sh";
+    bash.setup += R"sh(bind -x '"\C-t": trap -p RETURN >>"${files}/offered"; tell_line'
 )sh";
     expectOffered(Shell::bash, bash, rows);
+    bash.setup += "COMP_WORDBREAKS=' '\n";
+    expectOffered(Shell::bash, bash, rows);
+    EXPECT_EQ(completeIn(Shell::bash, bash, {"orvane-cli ls --type=pro"}).offered.at(0).line,
+              "orvane-cli ls --type=profile ");
 
     CompletedTool zsh = tool(Shell::zsh);
     zsh.setup = R"sh(

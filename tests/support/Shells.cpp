@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <set>
-#include <sstream>
 
 #include <gtest/gtest.h>
 
@@ -14,7 +14,7 @@ namespace testsupport {
 
 namespace {
 
-// The words at the end of each start-up file are filled in. TAB completes; ESC q tells and drops the command line.
+// The words at the end of each start-up file are filled in. TAB completes; ^T tells and drops the command line.
 // What is offered goes to a file of its own: a line that begins with "+" for a candidate, with "=" for what the command
 // line has become.
 
@@ -34,7 +34,7 @@ tell_line() {
     printf '=%s\n' "${READLINE_LINE}" >>"${files}/offered"
     READLINE_LINE='' READLINE_POINT=0
 }
-bind -x '"\eq": tell_line'
+bind -x '"\C-t": tell_line'
 )sh";
 
 constexpr const char* zshSetup = R"sh(PS1='> '
@@ -48,6 +48,8 @@ compadd() {
         local -a candidates
         builtin compadd -A candidates "$@"
         candidates=("${(@Q)candidates:#}")
+        local descriptions="${@[(i)-(l|)d]}"
+        ((descriptions < $#)) && print -rl -- "${(@P)@[descriptions + 1]}" >>"${files}/described"
         ((${#candidates})) && print -rl -- "+${(@)^candidates}" >>"${files}/offered"
     fi
     builtin compadd "$@"
@@ -57,7 +59,7 @@ tell_line() {
     BUFFER=
 }
 zle -N tell_line
-bindkey '\eq' tell_line
+bindkey "^T" tell_line
 )sh";
 
 constexpr const char* fishSetup = R"sh(source "$files/script"
@@ -135,7 +137,7 @@ ShellSession completeIn(Shell shell, const CompletedTool& tool, const std::vecto
         setting.input = Input::pipe(typed);
     } else {
         for (const std::string& line : lines) {
-            typed += line + "\t\x1bq\n";
+            typed += line + "\t\x14\n";
         }
         const bool isBash = shell == Shell::bash;
         const std::string setup = files + (isBash ? "/setup" : "/.zshrc");
@@ -148,7 +150,9 @@ ShellSession completeIn(Shell shell, const CompletedTool& tool, const std::vecto
         setting.out = setting.err = Output::terminal(200);
     }
     const ToolResult result = runTool(command, setting);
-    const ShellSession session{readOffered(files + "/offered", shell), result.out + result.err};
+    std::ifstream described(files + "/described");
+    const std::string descriptions(std::istreambuf_iterator<char>(described), {});
+    const ShellSession session{readOffered(files + "/offered", shell), descriptions + result.out + result.err};
     std::filesystem::remove_all(files);
     EXPECT_EQ(session.offered.size(), lines.size()) << "from " << command[command.size() - 2] << "\n" << session.screen;
     return session;

@@ -31,7 +31,7 @@ struct Offered {
 
 struct ShellSession {
     std::vector<Offered> offered; ///< One for each line.
-    std::string screen;           ///< All that was printed.
+    std::string screen;           ///< All that was printed; of zsh the descriptions alone.
 };
 
 /// Starts one shell and has it complete each of `lines`. bash and zsh run at a terminal of 200 columns.
