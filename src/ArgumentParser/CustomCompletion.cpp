@@ -31,11 +31,11 @@ public:
         return text;
     }
 
-    std::size_t nextIndex() {
-        if (const auto index = platform::parseNumber<std::size_t>(next())) {
-            return *index;
-        }
-        throw ParserError(InvalidState());
+    /// The index at the front; nothing when there is something else.
+    std::optional<std::size_t> nextIndex() {
+        const auto index = texts_.empty() ? std::nullopt : platform::parseNumber<std::size_t>(texts_.front());
+        texts_ = texts_.subspan(index ? 1 : 0);
+        return index;
     }
 
     Candidates rest() const { return {texts_.begin(), texts_.end()}; }
@@ -121,9 +121,10 @@ std::string customCompletion(const Tree& root, std::span<const std::string_view>
     const ArgumentSet arguments = command->argumentSet();
     const ArgumentDefinition& definition = identifiedDefinition(arguments, request.next());
     const CompletionKind completion = definition.completion();
-    const std::size_t wordIndex = request.nextIndex();
-    const std::size_t cursorIndex = request.nextIndex();
+    const std::optional<std::size_t> givenWordIndex = request.nextIndex();
+    const std::size_t cursorIndex = request.nextIndex().value_or(std::string::npos);
     const Candidates words = request.rest();
+    const std::size_t wordIndex = givenWordIndex.value_or(words.empty() ? 0 : words.size() - 1);
     const std::string prefix = typedPrefix(words, wordIndex, cursorIndex, definition);
     Candidates candidates;
     if (const auto* custom = std::get_if<CompletionKind::Custom>(&completion.value)) {

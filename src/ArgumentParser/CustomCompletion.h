@@ -2,7 +2,8 @@
 //
 // A script calls the tool with "---completion", the words of a subcommand, "--", the identifier of one of its inputs,
 // the index of the cursor's word, the index of the cursor in that word, and the words of the command line as it
-// stands, the tool's own first.
+// stands, the tool's own first. Without the indices, the cursor is at the end of the last word; without the second, at
+// the end of its word.
 #pragma once
 
 #include <span>
