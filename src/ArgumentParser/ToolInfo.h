@@ -24,9 +24,9 @@ struct NameInfoV0 {
 /// In JSON an object with one key, the kind, and as its value an object with what that kind has.
 struct CompletionKindV0 {
     std::string kind; ///< "list", "file", "directory", "shellCommand", "custom", "customAsync" or "customDeprecated".
-    std::optional<std::vector<std::string>> values = {};     ///< Of a list.
-    std::optional<std::vector<std::string>> extensions = {}; ///< Of a file.
-    std::optional<std::string> command = {};                 ///< Of a shell command.
+    std::vector<std::string> values = {};     ///< Of a list.
+    std::vector<std::string> extensions = {}; ///< Of a file; any when empty.
+    std::string command = {};                 ///< Of a shell command.
 
     bool operator==(const CompletionKindV0&) const = default;
 };

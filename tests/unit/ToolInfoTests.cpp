@@ -86,7 +86,7 @@ TEST(ToolInfo, OfEachKindOfInput) {
     const std::
         vector<std::string>
             arguments{
-                R"("completionKind":{"file":{"extensions":[]}},"isOptional":false,"isRepeating":false,"kind":"positional","parsingStrategy":"default","shouldDisplay":true,"valueName":"file")",
+                R"("completionKind":{"file":{}},"isOptional":false,"isRepeating":false,"kind":"positional","parsingStrategy":"default","shouldDisplay":true,"valueName":"file")",
                 R"("abstract":"The \"rest\".","defaultValue":"a, b","isOptional":true,"isRepeating":true,"kind":"positional","parsingStrategy":"allRemainingInput","shouldDisplay":true,"valueName":"rest")",
                 R"("abstract":"How \\ high.","allValueDescriptions":{"high":"Up.","low":"Near the ground."},"allValues":["low","high"],"completionKind":{"list":{"values":["low","high"]}},"discussion":"Mind the gap.","isOptional":false,"isRepeating":false,"kind":"option","names":[{"kind":"short","name":"l"},{"kind":"long","name":"level"},{"kind":"longWithSingleDash","name":"lv"}],"parsingStrategy":"default","preferredName":{"kind":"long","name":"level"},"shouldDisplay":true,"valueName":"n")",
                 R"("allValueDescriptions":{"high":"Up.","low":"Near the ground."},"allValues":["low","high"],"completionKind":{"list":{"values":["low","high"]}},"discussion":"Values:","isOptional":false,"isRepeating":false,"kind":"option","names":[{"kind":"long","name":"height"}],"parsingStrategy":"default","preferredName":{"kind":"long","name":"height"},"shouldDisplay":true,"valueName":"height")",
