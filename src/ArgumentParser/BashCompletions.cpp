@@ -38,7 +38,7 @@ public:
         : toolIdentifier_(functionName({root.name()}).substr(1)),
           text_(filledIn(bashHelpers, {{"id", toolIdentifier_}})) {
         visitCommands(root, [&](const CompletionCommand& command) { addFunction(command, &command == &root); });
-        text_ += "\ncomplete -o filenames -F " + functionName(root.path) + " " + singleQuoted(root.name()) + "\n";
+        text_ += "\ncomplete -o filenames -F " + functionName(root.path) + " " + root.name() + "\n";
     }
 
     const std::string& text() const { return text_; }
@@ -49,7 +49,7 @@ private:
     void addFunction(const CompletionCommand& command, bool isRoot) {
         text_ += "\n" + functionName(command.path) + "() {\n";
         if (isRoot) {
-            text_ += bashRootStart;
+            text_ += filledIn(bashRootStart, {{"id", toolIdentifier_}});
         }
         if (command.isHelp) {
             addHelp(command);

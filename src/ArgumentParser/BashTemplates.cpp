@@ -157,9 +157,11 @@ __@id@_custom_complete() {
 /// What only the function of the root does.
 const std::string_view bashRootStart =
     R"bash(    # The completions need some of the shell's options set in a certain way; the user's settings come back on return.
+    local errexit='set +o errexit'
+    [[ "${-}" != *e* ]] || errexit='set -o errexit' # which a command substitution doesn't see
     trap "$(
-        shopt -p extglob failglob nocasematch nullglob;shopt -po errexit functrace history noglob nounset posix
-    )"$'\ntrap - RETURN' RETURN
+        shopt -p extglob failglob nocasematch nullglob;shopt -po functrace history noglob nounset posix
+    )"$'\n'"${errexit}"$'\ntrap - RETURN' RETURN
     set +o errexit +o functrace +o noglob +o nounset
     shopt -s extglob
     shopt -u failglob nocasematch nullglob
@@ -207,6 +209,30 @@ const std::string_view bashRootStart =
     unreplaced="${unreplaced%[\"\']}"
     cur="${unreplaced}${2}"
     unparsed_words=("${unparsed_words[@]:1}")
+
+    # A redirection is none of the tool's words.
+    local -r redirection='?(+([0-9])|&)+([<>])?([&|])'
+    local -a words=()
+    local is_redirection_target=false word
+    for word in "${unparsed_words[@]}"; do
+        if "${is_redirection_target}"; then
+            is_redirection_target=false
+        elif [[ "${word}" != ${redirection}* ]]; then
+            words+=("${word}")
+        elif [[ "${word}" = ${redirection} ]]; then
+            is_redirection_target=true
+        fi
+    done
+    unparsed_words=("${words[@]}")
+    if ! "${is_redirection_target}" && [[ "${cur}" = ${redirection}* ]]; then
+        is_redirection_target=true
+        value_lead="${cur%"${cur##${redirection}}"}"
+        cur="${cur#"${value_lead}"}"
+    fi
+    if "${is_redirection_target}"; then
+        __@id@_add_completions -f
+        return 0
+    fi
 
 )bash";
 

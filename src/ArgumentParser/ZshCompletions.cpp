@@ -38,13 +38,10 @@ public:
         : root_(root), toolIdentifier_(functionName({root.name()}).substr(1)),
           text_("#compdef " + root.name() + "\n" + filledIn(zshHelpers, {{"id", toolIdentifier_}})) {
         visitCommands(root, [&](const CompletionCommand& command) { addFunction(command); });
-        // An autoloaded function bears the name of its file, which may be written as the tool's name is.
+        // An autoloaded function bears the name of its file.
         const std::string function = functionName(root.path);
-        const std::string fileName = "_" + root.name();
-        const std::string names = fileName == function ? function : "(" + function + "|" + fileName + ")";
-        text_ += "\nif [[ \"${funcstack[1]}\" = " + names + " ]]; then\n    compdef " + function + " " +
-                 singleQuoted(root.name()) + "\n    " + function + " \"${@}\"\nelse\n    compdef " + function + " " +
-                 singleQuoted(root.name()) + "\nfi\n";
+        text_ += "\nif [[ \"${funcstack[1]}\" = " + function + " ]]; then\n    " + function +
+                 " \"${@}\"\nelse\n    compdef " + function + " " + root.name() + "\nfi\n";
     }
 
     const std::string& text() const { return text_; }
