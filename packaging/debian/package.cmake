@@ -1,4 +1,4 @@
-# The Debian package, which `cpack` makes. The tool is one static executable, so that the zone database is all it needs.
+# The Debian package, which `cpack` makes. A static tool needs nothing but the zone database.
 set(changelog "${CMAKE_CURRENT_BINARY_DIR}/changelog.gz")
 add_custom_command(
   OUTPUT "${changelog}"
@@ -22,6 +22,9 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER "Orvane CLI maintainers <cli@orvane.app>")
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS tzdata)
+if(NOT ORVANE_STATIC)
+  set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+endif()
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "command-line client of Orvane, a personal context library")
 set(CPACK_PACKAGE_DESCRIPTION "\
 People and coding agents reach the library that Orvane keeps on this machine:

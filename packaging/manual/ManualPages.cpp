@@ -55,7 +55,8 @@ std::string synopsisOf(const ArgumentInfoV0& input) {
     const std::string form =
         input.kind == "positional" ? italic(input.valueName) : withValue(bold(typed(*input.preferredName)), input);
     const std::string repeated = input.isRepeating ? form + " ..." : form;
-    return input.isOptional ? "[" + repeated + "]" : repeated;
+    constexpr const char* noSentenceEnd = "\\&";
+    return (input.isOptional ? "[" + repeated + "]" : repeated) + noSentenceEnd;
 }
 
 /// One paragraph: the words of the command, then its inputs.
