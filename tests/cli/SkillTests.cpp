@@ -85,7 +85,6 @@ TEST_F(Skills, AreImportedFromOneOfThreePlaces) {
         {"", here},
         {"./a/../x/", here + "/x"},
         {"~/.claude/x", "/home/u/.claude/x"},
-        {"a\xFFz", here + "/a\uFFFDz"},
     };
     for (const auto& [path, sent] : paths) {
         CommandRow import = posts({"import", path}, "/api/skill/import", R"({"path":")" + sent + "\"}");
@@ -93,6 +92,10 @@ TEST_F(Skills, AreImportedFromOneOfThreePlaces) {
         import.setting.environment["HOME"] = "/home/u/";
         expectRow(import);
     }
+    CommandRow unspeakable = posts("import x", "/api/skill/import", R"({"path":")" + here + "/\uFFFD/x\"}");
+    unspeakable.setting.directory = directory + "/\xFF";
+    std::filesystem::create_directory(unspeakable.setting.directory);
+    expectRow(unspeakable);
 }
 
 /// A person who answers the question of `remove` with `typed`.

@@ -69,6 +69,7 @@ TEST(Parsing, EveryStrategyOfAnOption) {
         Row{"--file=\u0301x", "Unknown option '--file=\u0301x'. Did you mean '--file'?"},
         // Joined, and a group that is a long name behind a single dash.
         Row{"-n5", "number=5" + rest},
+        Row{"-nba=x", "number=ba=x" + rest},
         Row{"-n=5", "number=5" + rest},
         Row{"-an5", "Unknown option '-an5'. Did you mean '-n'?\n   or: Missing value for '-n <number>' in '-an5'"},
         Row{"-num 5", "number=5" + rest},
@@ -151,6 +152,7 @@ TEST(Parsing, EveryFormOfAFlag) {
         Row{"-vc --no-color", "Value to be set with flag '--no-color' had already been set with flag 'c' in '-vc'"},
         Row{"-vvv --verbose", "verbose=4 speed=slow"},
         Row{"--enable-full-index --disable-full-index", "verbose=0 speed=slow"},
+        Row{"--disable-full-index -i", "index=true verbose=0 speed=slow"},
         Row{"--fast --slow", "Value to be set with flag '--slow' had already been set with flag '--fast'"},
         Row{"-s --large --large", "verbose=0 speed=slow size=small"},
         Row{"--large -s", "verbose=0 speed=slow size=large"},
