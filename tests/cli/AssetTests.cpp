@@ -10,7 +10,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::string lowerId = "7f1b103c-df15-42b0-aab4-77d26415479c";
 const std::string png = "\x89PNG\r\n\x1A\n";
 
 std::string contentOf(const std::string& path) {
@@ -62,22 +61,17 @@ TEST_F(AssetDownloads, AreAskedForByUuidOrCanonicalUrl) {
 
     std::vector<std::string> others{"x", "{" + id + "}", origin, origin + "/", origin + "/v1"};
     for (const char* start :
-         {"http://assets.orvane.app/v1/", "HTTPS://assets.orvane.app/v1/", "https://Assets.orvane.app/v1/",
-          "https://x.assets.orvane.app/v1/", "https://assets.orvane.appv1/", "https://assets.orvane.app./v1/",
-          "https://assets.orvane.app:443/v1/", "https://assets.orvane.app:/v1/", "https://u@assets.orvane.app/v1/",
-          "https://:p@assets.orvane.app/v1/", "https://@assets.orvane.app/v1/", "https:///v1/", "/v1/",
-          " https://assets.orvane.app/v1/", "https://assets.orvane.app/", "https://assets.orvane.app/V1/",
-          "https://assets.orvane.app/v%31/", "https://assets.orvane.app/x/v1/", "https://assets.orvane.app/v1/./"}) {
+         {"http://assets.orvane.app/v1/", "HTTPS://assets.orvane.app/v1/", "https://x.assets.orvane.app/v1/",
+          "https://assets.orvane.app.x/v1/", "https://assets.orvane.app:443/v1/", "https://u@assets.orvane.app/v1/",
+          "https:///v1/", "/v1/", "https://assets.orvane.app/", "https://assets.orvane.app/V1/",
+          "https://assets.orvane.app/x/v1/", "https://assets.orvane.app/v1/./"}) {
         others.push_back(start + id);
     }
-    for (const char* end : {"x", "/x", "?", "?a=b", "#", "#a", "/?", "%20"}) {
+    for (const char* end : {"x", "/x", "?", "#", "%20"}) {
         others.push_back(origin + "/v1/" + id + end);
     }
     for (const std::string& asset : others) {
-        expectRow({.arguments = {"asset", "get", asset},
-                   .err = "Error: asset must be a UUID or canonical assets.orvane.app URL.\nUsage: orvane-cli "
-                          "<subcommand>\n  See 'orvane-cli --help' for more information.\n",
-                   .status = 64});
+        expectRefusedByRun({"asset", "get", asset}, "asset must be a UUID or canonical assets.orvane.app URL.");
     }
 }
 
@@ -86,14 +80,12 @@ TEST_F(AssetDownloads, AreNamedForWhatTheyHold) {
         {"\x89PNG", "png"},
         {"\x89PN", "bin"},
         {"\xFF\xD8\xFF", "jpg"},
-        {"\xFF\xD8", "bin"},
         {"GIF8", "gif"},
         {std::string("RIFF\0\0\0\0WEBP", 12), "webp"},
-        {std::string("RIFF\0\0\0\0WEB", 11), "bin"},
         {std::string("RIFF\0\0\0\0WEBX", 12), "bin"},
         {std::string("RIFX\0\0\0\0WEBP", 12), "bin"},
+        {"RIFF", "bin"},
         {"", "bin"},
-        {std::string("\0\n\r\n\xFF", 5), "bin"},
     };
     for (const auto& [bytes, extension] : images) {
         expectRow(downloads(id, bytes, extension, directory));
@@ -127,11 +119,9 @@ TEST_F(AssetDownloads, ReplaceWhatIsThereWhole) {
 TEST_F(AssetDownloads, FollowNoLinks) {
     const CommandRow refused =
         failing(downloads(), "Could not use " + cache + ": it is a link or a file, not a directory");
-    for (const std::string& place : {directory, directory + "/nowhere"}) {
-        fs::create_symlink(place, cache);
-        expectRow(refused);
-        fs::remove(cache);
-    }
+    fs::create_symlink(directory, cache);
+    expectRow(refused);
+    fs::remove(cache);
     EXPECT_TRUE(fs::is_empty(directory));
     file("orvane-assets", "");
     expectRow(refused);
@@ -183,11 +173,7 @@ protected:
 
 TEST_F(AssetUploads, SendTheFileInBase64) {
     for (const auto& [bytes, base64] :
-         std::vector<std::pair<std::string, std::string>>{{"", ""},
-                                                          {std::string(1, '\0'), "AA=="},
-                                                          {"\xFF\xFE", "//4="},
-                                                          {"\xFB\xEF\xBE", "++++"},
-                                                          {"Many hands", "TWFueSBoYW5kcw=="}}) {
+         std::vector<std::pair<std::string, std::string>>{{"", ""}, {"\xFF\xFE", "//4="}, {"\xFB\xEF\xBE", "++++"}}) {
         expectRow(uploads(file("a b.png", bytes), base64, "a b.png"));
     }
     std::string large;
@@ -214,11 +200,10 @@ TEST_F(AssetUploads, TakeThePathAsItIs) {
 TEST_F(AssetUploads, FailOfTheFileOrTheAnswer) {
     const std::string upload = "asset upload " + id + " ";
     expectRefused("asset upload x /none", "context-id must be a UUID.");
-    expectMissing("asset upload " + id, "<file>");
     expectFailed(upload + "none/", {}, "Could not read none/: No such file or directory");
     expectFailed(upload + directory, {}, "Could not read " + directory + ": Is a directory");
     const std::string image = file("x", "x");
-    for (const char* body : {"{}", "[]", R"({"markdown":null})"}) {
+    for (const char* body : {"[]", R"({"markdown":null})"}) {
         expectFailed(upload + image, {answer(body)}, "Invalid image upload response.");
     }
     expectFailed(upload + image, {answer("")}, "The data is not valid JSON: incomplete JSON.");

@@ -83,18 +83,6 @@ CommandRow deleteRow(const std::string& typed, const std::string& reply, const s
             .where = where};
 }
 
-/// The same when nothing is deleted.
-CommandRow keepRow(Input input, const std::string& out, const std::string& message,
-                   Location where = Location::current()) {
-    CommandRow whole = withInput(deleteRow("", "", "", R"({"message":"Gone."})", where), std::move(input));
-    whole.answers.pop_back();
-    whole.requests.pop_back();
-    whole.out = out;
-    whole.err = "Error: " + message + "\n";
-    whole.status = 1;
-    return whole;
-}
-
 TEST(Delete, AsksAPersonFirst) {
     CommandRow byDefault = deleteRow("y\n", "{}", "", "{}");
     byDefault.out = "This will remove this chat from your Orvane library and exclude it from future syncs.\n"
@@ -118,9 +106,10 @@ TEST(Delete, AsksAPersonFirst) {
 
 TEST(Delete, ChangesNothingWithoutAYes) {
     for (const char* typed : {"n\n", "\n", "", "yep\n", "y es\n"}) {
-        expectRow(keepRow(Input::terminal(typed), "Gone.\nContinue? [y/N] ", "Deletion cancelled."));
+        expectRow(stopped(deleteRow(typed, "", ""), "Gone.\nContinue? [y/N] ", "Deletion cancelled."));
     }
-    expectRow(keepRow(Input::pipe("y\n"), "", "Deletion requires interactive confirmation from a terminal."));
+    expectRow(stopped(withInput(deleteRow("", "", ""), Input::pipe("y\n")), "",
+                      "Deletion requires interactive confirmation from a terminal."));
     expectFailed("delete x", {}, "Invalid UUID: x");
     expectFailed("delete " + id, {answer("[]")}, "Invalid delete preview response.");
     expectFailed("delete " + id, {answer("{")}, "The data is not valid JSON: incomplete JSON.");

@@ -51,26 +51,18 @@ TEST(Sharing, AddsOnlyWhatAudienceAndScopeAllow) {
     const std::string folders = "--scope folders requires --folder and cannot include --repo.";
     const std::pair<const char*, const std::string&> breaches[] = {
         {"", team},
-        {"--user U", team},
-        {"--email a@b", team},
         {"--team T --user U", team},
         {"--team T --email a@b", team},
         {"--audience admins", team},
-        {"--audience admins --team T --user U", team},
-        {"--audience admins --team T --email a@b", team},
         {"--audience user", person},
-        {"--audience user --user U", person},
         {"--audience user --email a@b --user U", person},
         {"--audience user --email nobody", person},
         {"--audience user --team T", members},
-        {"--audience user --team T --email a@b", members},
         {"--audience user --team T --user U --email a@b", members},
         {"--team T --repo r", all},
         {"--team T --folder f", all},
-        {"--team T --scope repos", repos},
         {"--team T --scope repos --folder f", repos},
         {"--team T --scope folders", folders},
-        {"--team T --scope folders --repo r", folders},
         {"--team T --scope folders --repo r --folder f", folders},
         {"--scope repos", team},
     };
@@ -78,23 +70,11 @@ TEST(Sharing, AddsOnlyWhatAudienceAndScopeAllow) {
         expectRefused("sharing add " + id + " " + words, message);
     }
     expectRefused("sharing add x --scope repos", "node-id must be a UUID.");
-    const std::string audiences = "Please provide one of 'everyone', 'admins' or 'user'.";
-    expectRefused("sharing add x --audience team",
-                  "The value 'team' is invalid for '--audience <audience>'. " + audiences, "--audience <audience>");
-    expectRefused("sharing add x --scope none",
-                  "The value 'none' is invalid for '--scope <scope>'. Please provide one of 'all', 'repos' or "
-                  "'folders'.",
-                  "--scope <scope>");
-    expectRefused("sharing add x --access owner",
-                  "The value 'owner' is invalid for '--access <access>'. Please provide one of 'viewer' or 'editor'.",
-                  "--access <access>");
 }
 
 TEST(Sharing, RemovesOnlyWhatIsNamed) {
     expectRefused("sharing get x", "node-id must be a UUID.");
-    expectMissing("sharing get", "<node-id>");
     expectRefused("sharing remove x", "node-id must be a UUID.");
-    expectRefused("sharing remove " + id, "Provide --team or at least one --user.");
     expectRefused("sharing remove " + id + " --team-acl-only", "Provide --team or at least one --user.");
     expectRefused("sharing remove " + id + " --team-acl-only --user U", "--team-acl-only requires --team.");
     expectRefused("sharing remove " + id + " --team-acl-only --team T --user U",

@@ -35,7 +35,6 @@ TEST_F(SkillFiles, AreReadAndEdited) {
         edit("mv", "p --to q", "move", R"({"path":"p","to":"q"})", "moved"),
         edit("rm", "SKILL.md", "delete", R"({"path":"SKILL.md","recursive":false})", "deleted"),
         edit("rm", "-r p", "delete", R"({"path":"p","recursive":true})", "deleted"),
-        edit("rm", "p --recursive", "delete", R"({"path":"p","recursive":true})", "deleted"),
     });
 }
 
@@ -46,12 +45,10 @@ TEST_F(SkillFiles, ArePrintedAsTheyAre) {
                       Reply(R"({"text":"a\r"})", "a\r\n"),
                       Reply(R"({"text":""})", "\n"),
                       Reply(R"({"text":null})", "{\"text\":null}\n"),
-                      Reply("[]", "[]\n"),
                       Reply("no", "no\n"),
                   });
-    expectServiceRefusal("skill file cat " + id);
-    expectRow(
-        row({"skill", "file", "cat", id, "a b&c"}, "GET" + package + "/file?path=a%20b%26c", R"({"text":"x"})", "x\n"));
+    expectRequests({row({"skill", "file", "cat", id, "a b&c"}, "GET" + package + "/file?path=a%20b%26c",
+                        R"({"text":"x"})", "x\n")});
 }
 
 TEST_F(SkillFiles, MayStayBroken) {
@@ -67,7 +64,6 @@ TEST_F(SkillFiles, MayStayBroken) {
             Reply(R"({"path":1,"packageHash":[],"validationStatus":true})", "created  — package , unknown\n", warning),
             Reply(R"({"path":"a\nb","packageHash":"1\r\n2","validationStatus":"valid\t"})",
                   "created a b — package 1  2, valid \n", warning),
-            Reply("[]", "[]\n"),
             Reply("no", "no\n"),
         });
     CommandRow onlySeen =
@@ -78,9 +74,7 @@ TEST_F(SkillFiles, MayStayBroken) {
                   {
                       Reply(R"({"validationStatus":"valid","more":"x"})", "valid\n"),
                       Reply(R"({"validationStatus":1})", "{\"validationStatus\":1}\n"),
-                      Reply("{}", "{}\n"),
                       Reply("\"invalid\"", "\"invalid\"\n"),
-                      Reply("no", "no\n"),
                   });
     expectServiceRefusal("skill validate " + id);
 }
@@ -92,16 +86,12 @@ TEST_F(SkillFiles, AreCheckedInOrder) {
     expectRefused("skill file sed x p --new c", oldTexts);
     expectRefused({"skill", "file", "sed", "x", "p", "--old", "a", "--new", "", "--new-file", "/none"}, newTexts);
     expectRefused("skill file sed x p --old-file /none", newTexts);
-    expectMissing("skill file mv " + id + " p", "--to <to>");
     const std::string bytes = file("bytes", "a\xFF");
     const std::string sed = "skill file sed " + id + " p ";
     expectRefusedByRun(sed + "--old-file /none --new-file /none", "Could not read --old-file.");
-    expectRefusedByRun(sed + "--old-file " + bytes + " --new b", "Could not read --old-file.");
     expectRefusedByRun(sed + "--old a --new-file " + bytes, "Could not read --new-file.");
     const std::string tee = "skill file tee " + id + " p";
-    for (const std::string& path : {bytes, directory, std::string("~/none")}) {
-        expectRefusedByRun(tee + " --from-file " + path, "Could not read --from-file at " + path + ".");
-    }
+    expectRefusedByRun(tee + " --from-file ~/none", "Could not read --from-file at ~/none.");
     expectRefusedByRun(tee, "stdin was not valid UTF-8.", {.input = Input::pipe("a\xFF")});
     for (const char* rest :
          {"file ls x", "file cat x", "file tee x p --from-file /none", "file mkdir x p",

@@ -7,7 +7,8 @@ using namespace testsupport;
 
 namespace {
 
-const std::string item = " /api/skill/item/" + lowerId;
+const std::string itemPath = "/api/skill/item/" + lowerId;
+const std::string item = " " + itemPath;
 
 class Skills : public TemporaryFiles {};
 
@@ -19,7 +20,6 @@ CommandRow posts(const Words& words, const std::string& path, const std::string&
 
 TEST_F(Skills, AreAskedForInLowerCase) {
     const std::string create = "/api/skill/create";
-    const std::string path = "/api/skill/item/" + lowerId;
     const std::string body = file("~", "\xEF\xBB\xBF a\r\n\n");
     CommandRow fromFile = posts("create N --content-file ~", create,
                                 "{\"kind\":\"skill\",\"name\":\"N\",\"content\":\"\xEF\xBB\xBF a\\r\\n\\n\"}");
@@ -33,11 +33,12 @@ TEST_F(Skills, AreAskedForInLowerCase) {
               R"({"kind":"skill","name":"N","parentId":")" + lowerOther + R"(","description":"","content":""})"),
         fromFile,
         posts("bundle create N", create, R"({"kind":"bundle","name":"N"})"),
-        posts({"rename", id, ""}, path + "/rename", R"({"name":""})"),
-        posts({"rename", id, "N", "--if-revision", ""}, path + "/rename", R"({"name":"N","ifRevision":""})"),
-        posts("move " + id + " --to " + other, path + "/move", R"({"parentId":")" + lowerOther + "\"}"),
-        posts("move " + id + " --top-level --if-revision r", path + "/move", R"({"topLevel":true,"ifRevision":"r"})"),
-        posts("remove --force " + id, path + "/delete", "{}"),
+        posts({"rename", id, ""}, itemPath + "/rename", R"({"name":""})"),
+        posts({"rename", id, "N", "--if-revision", ""}, itemPath + "/rename", R"({"name":"N","ifRevision":""})"),
+        posts("move " + id + " --to " + other, itemPath + "/move", R"({"parentId":")" + lowerOther + "\"}"),
+        posts("move " + id + " --top-level --if-revision r", itemPath + "/move",
+              R"({"topLevel":true,"ifRevision":"r"})"),
+        posts("remove --force " + id, itemPath + "/delete", "{}"),
         requestRow("skill installed", "GET /api/skill/installed"),
         requestRow("skill installed --agent codex", "GET /api/skill/installed?agent=codex"),
         requestRow("skill import --list", "GET /api/skill/importable"),
@@ -47,52 +48,43 @@ TEST_F(Skills, AreAskedForInLowerCase) {
 }
 
 TEST_F(Skills, AreCheckedInOrder) {
-    const std::string content = "Pass at most one of --content or --content-file.";
     const std::string destination = "Pass exactly one destination: --to <bundle-id> or --top-level.";
-    const std::string unreadable = "Could not read --content-file at ";
-    expectRefused("skill create N --parent x --content a --content-file /none", content);
+    expectRefused("skill create N --parent x --content a --content-file /none",
+                  "Pass at most one of --content or --content-file.");
     expectRefused("skill move x --to y --top-level", destination);
     expectRefused("skill move x", destination);
     expectRefusedByRun("skill ls x", "bundle must be a UUID.");
-    expectRefusedByRun("skill stat x", "id must be a UUID.");
     expectRefusedByRun("skill create N --parent x --content-file /none", "parent must be a UUID.");
     for (const std::string& path : {directory, file("bytes", "a\xFF"), std::string("~/x")}) {
-        expectRefusedByRun("skill create N --content-file " + path, unreadable + path + ".");
+        expectRefusedByRun("skill create N --content-file " + path, "Could not read --content-file at " + path + ".");
     }
-    expectRefusedByRun("skill rename x N", "id must be a UUID.");
-    expectRefusedByRun("skill move x --to y", "id must be a UUID.");
+    for (const char* words :
+         {"stat x", "rename x N", "move x --to y", "remove x", "install x --agent y", "uninstall x --agent y"}) {
+        expectRefusedByRun(with("skill", words), "id must be a UUID.");
+    }
     expectRefusedByRun("skill move " + id + " --to y", "to must be a UUID.");
-    expectRefusedByRun("skill remove x", "id must be a UUID.");
-    for (const char* command : {"install", "uninstall"}) {
-        expectRefusedByRun({"skill", command, "x", "--agent", "y"}, "id must be a UUID.");
-        expectRefusedByRun({"skill", command, id, "--agent", "cursor"}, "agent must be one of: claude, codex.");
+    for (const std::string& words : {"install " + id, "uninstall " + id, std::string("installed")}) {
+        expectRefusedByRun("skill " + words + " --agent CLAUDE", "agent must be one of: claude, codex.");
     }
-    expectRefusedByRun("skill installed --agent CLAUDE", "agent must be one of: claude, codex.");
 }
 
 TEST_F(Skills, AreImportedFromOneOfThreePlaces) {
     const std::string nothing = "Pass a skill directory, --agent with --name, or --list.";
-    const std::string listing = "--list takes no path, --agent, or --name.";
-    const std::string both = "Pass either a path, or --agent with --name.";
-    expectRefused("skill import", nothing);
     expectRefused("skill import --agent codex", nothing);
     expectRefused("skill import --name x", nothing);
     expectRefused({"skill", "import", "--agent", "claude", "--name", " \t"}, nothing);
-    expectRefused("skill import --list x", listing);
-    expectRefused("skill import --list --agent codex", listing);
-    expectRefused("skill import --list --name x", listing);
-    expectRefused("skill import x --agent codex", both);
-    expectRefused("skill import x --name y", both);
-    expectRefused("skill import --agent Claude --name x",
-                  "The value 'Claude' is invalid for '--agent <agent>'. Please provide one of 'claude' or 'codex'.",
-                  "--agent <agent>");
+    for (const char* more : {"x", "--agent codex", "--name x"}) {
+        expectRefused(with("skill import --list", more), "--list takes no path, --agent, or --name.");
+    }
+    for (const char* more : {"--agent codex", "--name x"}) {
+        expectRefused(with("skill import x", more), "Pass either a path, or --agent with --name.");
+    }
 
     const std::string here = std::filesystem::canonical(directory);
     const std::vector<std::pair<std::string, std::string>> paths{
-        {"x", here + "/x"},  {"./x/", here + "/x"},
-        {"", here},          {"../a/./b/../c", here.substr(0, here.rfind('/')) + "/a/c"},
-        {"/a//b/.", "/a/b"}, {"~/.claude/x", "/home/u/.claude/x"},
-        {"~", "/home/u"},    {"a\xFFz", here + "/a\uFFFDz"},
+        {"", here},
+        {"./a/../x/", here + "/x"},
+        {"~/.claude/x", "/home/u/.claude/x"},
     };
     for (const auto& [path, sent] : paths) {
         CommandRow import = posts({"import", path}, "/api/skill/import", R"({"path":")" + sent + "\"}");
@@ -108,8 +100,7 @@ TEST_F(Skills, AreImportedFromOneOfThreePlaces) {
 
 /// A person who answers the question of `remove` with `typed`.
 CommandRow removal(const std::string& typed, Location where = Location::current()) {
-    CommandRow row =
-        posts("remove --if-revision r " + id, "/api/skill/item/" + lowerId + "/delete", R"({"ifRevision":"r"})", where);
+    CommandRow row = posts("remove --if-revision r " + id, itemPath + "/delete", R"({"ifRevision":"r"})", where);
     row.setting.input = Input::terminal(typed);
     row.out = "Deleting this will remove it from Orvane and uninstall the skill. Anything shared with other users will "
               "disappear from their Orvane, but their local copies will stay unchanged.\nContinue? [y/N] " +
@@ -117,28 +108,12 @@ CommandRow removal(const std::string& typed, Location where = Location::current(
     return row;
 }
 
-/// `row` when it ends at its question, with as many requests as before it.
-CommandRow stopped(CommandRow row, const std::string& out, const std::string& message) {
-    row.answers.pop_back();
-    row.requests.pop_back();
-    row.out = out;
-    row.err = "Error: " + message + "\n";
-    row.status = 1;
-    return row;
-}
-
 TEST_F(Skills, AreRemovedWhenAPersonSaysSo) {
-    for (const char* yes : {"y\n", " YES\t\n", "Yes"}) {
-        expectRow(removal(yes));
-    }
+    expectRow(removal("y\n"));
     const std::string question = removal("").out.substr(0, removal("").out.find("{"));
-    for (const char* no : {"n\n", "\n", "", "yep\n", "y es\n"}) {
-        expectRow(stopped(removal(no), question, "Deletion cancelled."));
-    }
-    for (const Input& input : {Input::pipe("y\n"), Input{}, Input::closed()}) {
-        expectRow(stopped(withInput(removal(""), input), "",
-                          "Deletion requires interactive confirmation from a terminal. Pass --force to skip it."));
-    }
+    expectRow(stopped(removal("n\n"), question, "Deletion cancelled."));
+    expectRow(stopped(withInput(removal(""), Input::closed()), "",
+                      "Deletion requires interactive confirmation from a terminal. Pass --force to skip it."));
 }
 
 TEST_F(Skills, AreInstalledForAgents) {
@@ -148,11 +123,8 @@ TEST_F(Skills, AreInstalledForAgents) {
         {
             Reply(R"({"name":"a","kind":"bundle","id":"i","agents":["codex"]})", "installed bundle a → codex\n"),
             Reply(R"({"name":"pdf-tools","agents":["claude","codex"]})", "installed skill pdf-tools → claude, codex\n"),
-            Reply(R"({"id":"abc"})", "installed skill abc: no agents affected\n"),
             Reply(R"({"name":1,"id":"i","kind":[],"agents":["x",1]})", "installed skill i: no agents affected\n"),
             Reply(R"({"name":"a\r\nb\tc ","agents":["d\ne"]})", "installed skill a  b c  → d e\n"),
-            Reply("{}", "installed skill : no agents affected\n"),
-            Reply("[ ]", "[ ]\n"),
             Reply("no", "no\n"),
         });
     expectRequests({
@@ -160,8 +132,6 @@ TEST_F(Skills, AreInstalledForAgents) {
             "installed skill : no agents affected\n"),
         row("skill uninstall --agent codex " + id, "POST" + item + "/uninstall\n{\"agents\":[\"codex\"]}",
             R"({"name":"a","agents":["codex"]})", "uninstalled skill a → codex\n"),
-        row("skill uninstall " + id, "POST" + item + "/uninstall\n{}", R"({"kind":"bundle","name":"writing"})",
-            "uninstalled bundle writing: no agents affected\n"),
         row("skill refresh", "POST /api/skill/refresh\n{}", R"({"much":"more"})", "refreshed\n"),
     });
 }
@@ -181,18 +151,12 @@ CommandRow replacement(const std::string& typed, Answer second = answer(R"({"nam
 }
 
 TEST_F(Skills, ReplaceOthersWhenAPersonSaysSo) {
-    for (const char* yes : {"Y\n", " yes \n", "YES"}) {
-        CommandRow done = replacement(yes);
-        done.out += "installed skill a → codex\n";
-        expectRow(done);
-    }
-    for (const char* no : {"n\n", "\n", "", "yep\n"}) {
-        expectRow(stopped(replacement(no), replacement(no).out, "Installation cancelled."));
-    }
-    for (const Input& input : {Input::pipe("y\n"), Input{}}) {
-        expectRow(stopped(withInput(replacement(""), input), "",
-                          "Name-conflicted installs require confirmation from an interactive terminal."));
-    }
+    CommandRow done = replacement("Y\n");
+    done.out += "installed skill a → codex\n";
+    expectRow(done);
+    expectRow(stopped(replacement("n\n"), replacement("").out, "Installation cancelled."));
+    expectRow(stopped(withInput(replacement(""), Input::pipe("y\n")), "",
+                      "Name-conflicted installs require confirmation from an interactive terminal."));
     CommandRow again = replacement("y\n", answer(409, conflict));
     again.err = "error: A\nis there.\n";
     again.status = 1;

@@ -12,8 +12,6 @@ TEST(SkillSuggestion, PassesOnWhatTheServiceSays) {
     const std::vector<CommandRow> rows{
         requestRow("skill suggestion ls", "GET" + path),
         requestRow("skill suggestion show " + update, "GET" + path + "/" + update),
-        requestRow("skill suggestion show " + create, "GET" + path + "/" + create),
-        requestRow("skill suggestion apply " + update, "POST" + path + "/" + update + "/apply\n{}"),
         requestRow("skill suggestion apply " + create, "POST" + path + "/" + create + "/apply\n{}"),
     };
     for (const CommandRow& row : rows) {
@@ -28,8 +26,7 @@ TEST(SkillSuggestion, PassesOnWhatTheServiceSays) {
         }
     }
     for (const char* wrong : {"update-0123456789ABCDEF", "update-0123456789abcde", "update-0123456789abcdef0",
-                              "delete-0123456789abcdef", "xupdate-0123456789abcdef", "update-0123456789abcdeg",
-                              "updatE-0123456789abcdef", " update-0123456789abcdef", "update 0123456789abcdef", ""}) {
+                              "delete-0123456789abcdef", "update-g123456789abcdef", "update 0123456789abcdef", ""}) {
         for (const char* command : {"show", "apply"}) {
             expectRefused({"skill", "suggestion", command, wrong},
                           "suggestion-id must be update- or create- followed by 16 lowercase hex characters.");
@@ -76,7 +73,7 @@ TEST(SkillAnalytics, ClimbsALadderOfChecks) {
     const std::string offset = " must be between 0 and 10000.";
     const Words name{" " + repeated(200) + "\n"};
     const std::vector<Rung> ladder{
-        Rung{"skill-name must not be empty.", {{" \u2003\n"}, {""}}, {name}},
+        Rung{"skill-name must not be empty.", {{" \u2003\n"}}, {name}},
         Rung{"granularity must be hour, day, week, month, or year.", {"--granularity Day"}, {"--granularity year"}},
         Rung{"timezone must be a valid IANA timezone.", {"--timezone x", {"--timezone", ""}}, {"--timezone UTC"}},
         Rung{"since" + day, {"--since 2025-1-1", "--since 2025-01-011", "--since 2025/01/01"}, {"--since 0000-00-00"}},
@@ -95,12 +92,7 @@ TEST(SkillAnalytics, ClimbsALadderOfChecks) {
              {{"--team", repeated(256)}, {"--team", ""}}},
         Rung{"source-kind must start with a lowercase letter and contain only lowercase letters, digits, or "
              "underscores.",
-             {"--source-kind Claude",
-              "--source-kind 1a",
-              "--source-kind _a",
-              "--source-kind a-b",
-              {"--source-kind", ""},
-              {"--source-kind", repeated(129, "a")}},
+             {"--source-kind 1a", "--source-kind aB", {"--source-kind", ""}, {"--source-kind", repeated(129, "a")}},
              {"--source-kind z", {"--source-kind", repeated(128, "_").replace(0, 1, "a")}}},
         Rung{"recent-cursor must contain between 1 and 2048 characters.",
              {{"--recent-cursor", "\n \n"}, {"--recent-cursor", repeated(2049)}},
@@ -146,18 +138,13 @@ TEST(SkillFeedback, SendsAReport) {
             request + R"({"skillName":"n","markdown":"t","skillNamespace":"s"})", "", done),
         withInput(row("skill feedback n", request + R"({"skillName":"n","markdown":"# a\n\n"})", "", done),
                   Input::pipe("# a\n\n")),
-        withInput(row("skill feedback n t", request + R"({"skillName":"n","markdown":"t"})", "", done),
-                  Input::pipe("piped")),
     });
     const std::string name = "skill-name must not be empty.";
     const std::string report = "Provide Markdown feedback as an argument or pipe it on stdin.";
-    const std::string space = "namespace must not be empty when provided.";
     expectRefusedByRun({"skill", "feedback", " \n", "", "--namespace", ""}, name);
-    expectRefusedByRun({"skill", "feedback", "n", " ", "--namespace", ""}, report, {.input = Input::pipe("piped")});
-    for (const Input& input : {Input{}, Input::pipe("a\xFF"), Input::pipe(" \n"), Input::terminal("typed\n")}) {
-        expectRefusedByRun("skill feedback n", report, {.input = input});
-    }
-    expectRefusedByRun({"skill", "feedback", "n", "t", "--namespace", " "}, space);
+    expectRefusedByRun({"skill", "feedback", "n", " ", "--namespace", ""}, report);
+    expectRefusedByRun({"skill", "feedback", "n", "t", "--namespace", " "},
+                       "namespace must not be empty when provided.");
 }
 
 } // namespace

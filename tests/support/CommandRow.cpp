@@ -68,6 +68,15 @@ CommandRow withInput(CommandRow row, Input input) {
     return row;
 }
 
+CommandRow stopped(CommandRow row, std::string out, const std::string& message) {
+    row.answers.pop_back();
+    row.requests.pop_back();
+    row.out = std::move(out);
+    row.err = "Error: " + message + "\n";
+    row.status = 1;
+    return row;
+}
+
 Words with(Words arguments, const Words& more) {
     arguments.insert(arguments.end(), more.begin(), more.end());
     return arguments;

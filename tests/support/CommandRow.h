@@ -56,6 +56,9 @@ CommandRow requestRow(Words arguments, std::string request, Location where = Loc
 CommandRow onTerminal(CommandRow row);
 CommandRow withInput(CommandRow row, Input input);
 
+/// The row when it ends at its last question: a request and an answer fewer, status 1, `out` and "Error: <message>".
+CommandRow stopped(CommandRow row, std::string out, const std::string& message);
+
 /// `arguments` with `more` behind them.
 Words with(Words arguments, const Words& more);
 

@@ -16,8 +16,6 @@ struct HelpScreen {
     std::vector<std::string> subcommands(bool onlyDefault = false) const;
     /// What stands beside `input`, such as "--name <name>", on one line and without its "(values: …)".
     std::string helpOf(const std::string& input) const;
-
-    bool operator==(const HelpScreen&) const = default;
 };
 
 /// Asks the binary for the root's screen and for those of all commands it leads to, depth first.

@@ -32,6 +32,11 @@ struct Tool : ParsableCommand {
     static CommandConfiguration configuration() { return {.commandName = "tool"}; }
 };
 
+/// The settings of an option for which a shell may offer this.
+inline OptionSettings<std::string> completedBy(CompletionKind::Value kind) {
+    return {.completion = CompletionKind{std::move(kind)}};
+}
+
 template <class T>
 std::string textOf(const T& value) {
     if constexpr (ValueShape<T>::isOptional) {

@@ -38,13 +38,12 @@ struct Options final : Tool {
     Option<Texts> up{
         *this, "up", {"old"}, "", {.names = {longName(), shortName()}, .parsing = ParsingStrategy::upToNextOption}};
     Option<Texts> rest{*this, "rest", {}, "", {.parsing = ParsingStrategy::allRemainingInput}};
-    Option<MaybeText> json{*this, "json", ""};
     Flag<bool> a{*this, "a", "", {.names = {shortName()}}};
     Flag<bool> b{*this, "b", "", {.names = {shortName()}}};
     Argument<Texts> values{*this, "values", {}, ""};
 
     void run() const override {
-        print("file number scan any up rest json a b values", file, number, scan, any, up, rest, json, a, b, values);
+        print("file number scan any up rest a b values", file, number, scan, any, up, rest, a, b, values);
     }
 };
 
@@ -52,12 +51,10 @@ TEST(Parsing, EveryStrategyOfAnOption) {
     const std::string rest = " scan=[1,2] up=[old]";
     expectRows<Options>({
         // The next element, which must be a value.
-        Row{"--file x", "file=x" + rest},
         Row{"--file= x", "file=x" + rest},
         Row{"--file=--b", "file=--b" + rest},
         Row{"-f=", "file=''" + rest},
         Row{"--file x --file y", "file=y" + rest},
-        Row{"--json {}", "scan=[1,2] up=[old] json={}"},
         Row{"-fn F N", "file=F number=N" + rest},
         Row{"--file=a=b", "file=a=b" + rest},
         Row{"--file", "Missing value for '--file <file>'"},
@@ -76,19 +73,15 @@ TEST(Parsing, EveryStrategyOfAnOption) {
         Row{"-n=5", "number=5" + rest},
         Row{"-an5", "Unknown option '-an5'. Did you mean '-n'?\n   or: Missing value for '-n <number>' in '-an5'"},
         Row{"-num 5", "number=5" + rest},
-        Row{"-num=5", "number=5" + rest},
         Row{"-ab", "scan=[1,2] up=[old] a=true b=true"},
-        Row{"-aa", "scan=[1,2] up=[old] a=true"},
         // The next value anywhere behind the name; the first one clears the default.
         Row{"--scan 3 --scan=4", "scan=[3,4] up=[old]"},
         Row{"x --scan -a 3 -s 4 y", "scan=[3,4] up=[old] a=true values=[x,y]"},
-        Row{"--scan -s 3 4", "scan=[3,4] up=[old]"},
         Row{"--scan --file 3 y", "file=y scan=[3] up=[old]"},
         Row{"--scan -a -- 3", "Missing value for '--scan <scan>'"},
         // Whatever stands at the next position.
         Row{"--any --help --any -- --any=x -ab", "scan=[1,2] any=[--help,--] up=[old] values=[--any=x,-ab]"},
         Row{"--any -ab c", "scan=[1,2] any=[-ab] up=[old] values=[c]"},
-        Row{"--any", "Missing value for '--any <any>'"},
         // Values up to the next option.
         Row{"--up x y -a z --up w -- v", "scan=[1,2] up=[x,y,w] a=true values=[z,v]"},
         Row{"--up=x y", "scan=[1,2] up=[x] values=[y]"},
@@ -118,14 +111,12 @@ TEST(Parsing, EveryStrategyOfAPositional) {
         Row{"x", "The value 'x' is invalid for '<first>'"},
         Row{"x --help", "The value 'x' is invalid for '<first>'"},
         Row{"1 -ax", "Unknown option '-x'"},
-        Row{"1 -xa", "Unknown option '-x'"},
         Row{"1 -xy", "Unknown option '-xy'. Did you mean '-a'?"},
     });
     expectRows<Positionals<ParsingStrategy::postTerminator>>({
         Row{"1 -a -- 2 -b", "first=1 rest=[2,-b] a=true"},
         Row{"-- 2", "rest=[2]"},
         Row{"1 2 -- 3", "Unexpected argument '2'"},
-        Row{"1 2 4 -- 3", "2 unexpected arguments: '2', '4'"},
     });
     expectRows<Positionals<ParsingStrategy::allRemainingInput>>({
         Row{"-a 1 x -b --what --help", "first=1 rest=[x,-b,--what,--help] a=true"},
@@ -162,7 +153,6 @@ TEST(Parsing, EveryFormOfAFlag) {
         Row{"-vvv --verbose", "verbose=4 speed=slow"},
         Row{"--enable-full-index --disable-full-index", "verbose=0 speed=slow"},
         Row{"--disable-full-index -i", "index=true verbose=0 speed=slow"},
-        Row{"--verySlow --verySlow", "verbose=0 speed=verySlow"},
         Row{"--fast --slow", "Value to be set with flag '--slow' had already been set with flag '--fast'"},
         Row{"-s --large --large", "verbose=0 speed=slow size=small"},
         Row{"--large -s", "verbose=0 speed=slow size=large"},
@@ -195,7 +185,6 @@ TEST(Parsing, ValueTypes) {
 
 struct Unreadable {};
 
-static_assert(InputValue<std::string> && InputValue<std::optional<int>> && InputValue<std::vector<int>>);
 static_assert(!InputValue<std::optional<std::vector<int>>> && !InputValue<std::vector<std::optional<int>>>);
 static_assert(std::default_initializable<Transform<int>> && !std::default_initializable<Transform<Unreadable>>);
 static_assert(std::constructible_from<Transform<Unreadable>, Unreadable (*)(std::string_view)>);
@@ -314,17 +303,13 @@ TEST(Parsing, WalksDownTheTree) {
     EXPECT_NE(outcome<Root>("help branch l"), outcome<Root>("help l"));
     EXPECT_EQ(outcome<Root>("branch"), outcome<Root>("help branch"));
     EXPECT_EQ(outcome<Root>("branch --help"), outcome<Root>("help same unknown leaf"));
-    EXPECT_EQ(outcome<Root>("leaf --help"), outcome<Root>("help l"));
-    EXPECT_EQ(outcome<Root>("--help"), outcome<Root>("help"));
     EXPECT_EQ(outcome<Root>("help --help leaf -h -help"), outcome<Root>("help leaf"));
     expectRows<Root>({
         Row{"--version", "1"},
-        Row{"leaf --version", "1"},
         Row{"branch --version", "2"},
         Row{"branch leaf x --version --fail", "2"},
         Row{"required --version", "1"},
         Row{"leaf --any --version --any --help --fail", "refused"},
-        Row{"-version", "Unknown option '-version'. Did you mean '--version'?"},
         Row{"branch help", "Unexpected argument 'help'"},
         Row{"--outer o branch", "Unexpected argument 'branch'"},
         Row{"-- leaf", "Unexpected argument 'leaf'"},

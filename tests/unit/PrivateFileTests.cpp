@@ -57,8 +57,6 @@ TEST_F(PrivateFiles, DoNotHeedAnIgnoredSignal) {
 }
 
 TEST(TemporaryDirectory, IsThatOfTheEnvironment) {
-    const char* setting = std::getenv("TMPDIR");
-    const std::string before = setting == nullptr ? "" : setting;
     for (const auto& [text, place] :
          std::vector<std::pair<const char*, std::string>>{{"", "/tmp"}, {"/a//b//", "/a//b"}, {"/", ""}}) {
         ::setenv("TMPDIR", text, 1);
@@ -66,9 +64,6 @@ TEST(TemporaryDirectory, IsThatOfTheEnvironment) {
     }
     ::unsetenv("TMPDIR");
     EXPECT_EQ(temporaryDirectory(), "/tmp");
-    if (setting != nullptr) {
-        ::setenv("TMPDIR", before.c_str(), 1);
-    }
 }
 
 TEST(Paths, EndInAName) {
