@@ -3,6 +3,10 @@
 set(Boost_USE_STATIC_LIBS ON)
 find_package(Boost 1.81 CONFIG REQUIRED)
 
+find_path(RAPIDJSON_INCLUDE_DIR NAMES rapidjson/reader.h REQUIRED)
+add_library(rapidjson INTERFACE IMPORTED)
+target_include_directories(rapidjson INTERFACE "${RAPIDJSON_INCLUDE_DIR}")
+
 find_library(UTF8PROC_LIBRARY NAMES libutf8proc.a REQUIRED)
 find_path(UTF8PROC_INCLUDE_DIR NAMES utf8proc.h REQUIRED)
 add_library(utf8proc STATIC IMPORTED)

@@ -24,7 +24,7 @@ struct JsonNode {
     enum class Kind : std::uint32_t { null, no, yes, number, text, escapedText, array, object };
 
     const char* text;     ///< Of a text or a number, as it was written; of a text, without its quotes.
-    std::uint32_t length; ///< In bytes; of an array or object, in nodes, itself included.
+    std::uint32_t length; ///< In bytes, without escapes; of an array or object, in nodes, itself included.
     Kind kind;
 
     bool isText() const { return kind == Kind::text || kind == Kind::escapedText; }

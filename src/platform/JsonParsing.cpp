@@ -1,9 +1,10 @@
 #include "platform/Json.h"
 
-#include <algorithm>
-#include <charconv>
+#include <array>
 #include <limits>
 #include <stdexcept>
+
+#include <rapidjson/reader.h>
 
 #include "platform/ByteScan.h"
 #include "platform/Text.h"
@@ -14,235 +15,154 @@ namespace {
 
 using Kind = JsonNode::Kind;
 
-constexpr int levelLimit = 512;
+constexpr std::size_t levelLimit = 512;
 
-/// The greatest exponent of ten that a double holds.
-constexpr std::size_t exponentLimit = 308;
+struct LoneSurrogate {};
 
-constexpr std::string_view malformedValue = "malformed value";
-constexpr std::string_view numberTooLarge = "a number is too large";
-constexpr std::string_view malformedEscape = "malformed escape in a text";
-
-/// What is wrong with a text that is not JSON.
-struct Malformed {
-    std::string_view problem;
+/// UTF-8 for the escapes "\uXXXX", of which the reader lets the second half of a pair stand alone.
+struct Utf8 : rapidjson::UTF8<> {
+    template <class Output>
+    static void Encode(Output& output, unsigned codePoint) {
+        if (codePoint >= 0xD800 && codePoint <= 0xDFFF) {
+            throw LoneSurrogate();
+        }
+        rapidjson::UTF8<>::Encode(output, codePoint);
+    }
 };
 
-bool isDigit(char byte) {
-    return byte >= '0' && byte <= '9';
-}
+constexpr auto endsPlainText = [](auto byte) { return (byte < 0x20) | (byte == '"') | (byte == '\\'); };
 
-bool isBlank(char byte) {
-    return byte <= ' ' && (byte == ' ' || byte == '\n' || byte == '\r' || byte == '\t');
-}
-
-/// Goes through a text that is valid UTF-8 from its front to its end and collects its nodes. What is malformed leaves
-/// as an exception.
-class Parser {
+/// A text that the reader takes for one to parse in place and to unescape there. What it writes is only counted, so
+/// that its events bring each text as it is written, with the length that it has without escapes.
+class TextStream {
 public:
-    Parser(std::string_view text, std::vector<JsonNode>& nodes, UnescapedTexts& texts)
-        : position_(text.data()), end_(text.data() + text.size()), nodes_(nodes), texts_(texts) {}
+    using Ch = char;
 
-    void parse() {
-        value();
-        skipBlanks();
-        require(position_ == end_, "something follows its end");
+    explicit TextStream(std::string_view text) : text_(text) {}
+
+    char Peek() const { return position_ == text_.size() ? '\0' : text_[position_]; }
+    char Take() { return text_[position_++]; }
+    std::size_t Tell() const { return position_; }
+
+    char* PutBegin() {
+        length_ = 0;
+        return const_cast<char*>(text_.data() + position_);
     }
+
+    void Put(char byte) {
+        ++length_;
+        // A null byte ends a text. Behind any other, the reader would pass what is plain byte by byte.
+        if (byte != '\0') {
+            const std::size_t end = findByte(text_, position_, endsPlainText);
+            length_ += end - position_;
+            position_ = end;
+        }
+    }
+
+    std::size_t PutEnd(char*) const { return length_; }
 
 private:
-    void require(bool condition, std::string_view problem) const {
-        if (!condition) {
-            fail(problem);
-        }
+    std::string_view text_;
+    std::size_t position_ = 0;
+    std::size_t length_ = 0;
+};
+
+/// Collects the nodes from the reader's events; an event that answers false ends the reading.
+class NodeCollector {
+public:
+    NodeCollector(std::vector<JsonNode>& nodes, UnescapedTexts& texts) : nodes_(nodes), texts_(texts) {}
+
+    bool Null() { return add(Kind::null); }
+    bool Bool(bool value) { return add(value ? Kind::yes : Kind::no); }
+    /// The reader begins to write a number only once it has passed it.
+    bool RawNumber(const char* end, unsigned length, bool) { return add(Kind::number, end - length, length); }
+
+    bool String(const char* text, unsigned length, bool) {
+        // Escapes are longer than what they stand for, and a quote inside a text is one.
+        const char* const end = text + length;
+        const bool isPlain = end[0] == '"' && end[-1] != '\\';
+        return add(isPlain ? Kind::text : Kind::escapedText, text, length);
     }
 
-    [[noreturn]] void fail(std::string_view problem) const {
-        throw Malformed{position_ == end_ ? "incomplete JSON" : problem};
-    }
-
-    /// A null byte, which JSON holds nowhere, at the end.
-    char next() const { return position_ == end_ ? '\0' : *position_; }
-
-    void skipBlanks() {
-        while (position_ != end_ && isBlank(*position_)) {
-            ++position_;
-        }
-    }
-
-    bool take(char wanted) {
-        const bool isNext = next() == wanted;
-        position_ += isNext ? 1 : 0;
-        return isNext;
-    }
-
-    bool takeBehindBlanks(char wanted) {
-        skipBlanks();
-        return take(wanted);
-    }
-
-    void value() {
-        skipBlanks();
-        switch (next()) {
-        case '{':
-            return object();
-        case '[':
-            return array();
-        case '"':
-            return text();
-        case 't':
-            return word("true", Kind::yes);
-        case 'f':
-            return word("false", Kind::no);
-        case 'n':
-            return word("null", Kind::null);
-        default:
-            return number();
-        }
-    }
-
-    void object() {
-        const std::size_t start = open(Kind::object);
-        if (!takeBehindBlanks('}')) {
-            do {
-                skipBlanks();
-                require(next() == '"', "an object's key is missing");
-                key();
-                require(takeBehindBlanks(':'), "the colon behind a key is missing");
-                value();
-            } while (takeBehindBlanks(','));
-            require(take('}'), "a comma or } is missing in an object");
-        }
-        close(start);
-    }
-
-    void array() {
-        const std::size_t start = open(Kind::array);
-        if (!takeBehindBlanks(']')) {
-            do {
-                value();
-            } while (takeBehindBlanks(','));
-            require(take(']'), "a comma or ] is missing in an array");
-        }
-        close(start);
-    }
-
-    std::size_t open(Kind kind) {
-        require(++level_ <= levelLimit, "nested too deeply");
-        ++position_;
-        add(kind, position_, position_);
-        return nodes_.size() - 1;
-    }
-
-    void close(std::size_t start) {
-        --level_;
-        nodes_[start].length = static_cast<std::uint32_t>(nodes_.size() - start);
-    }
-
-    void key() {
-        text();
+    bool Key(const char* text, unsigned length, bool isCopy) {
+        String(text, length, isCopy);
         JsonNode& node = nodes_.back();
         if (node.kind == Kind::escapedText) {
-            const std::string_view key = texts_.of(node);
-            node = {key.data(), static_cast<std::uint32_t>(key.size()), Kind::text};
+            node = {texts_.of(node).data(), length, Kind::text};
         }
+        return true;
     }
 
-    void text() {
-        const char* const start = ++position_;
-        Kind kind = Kind::text;
-        passPlainText();
-        while (next() == '\\') {
-            kind = Kind::escapedText;
-            escape();
-            passPlainText();
+    bool StartObject() { return open(Kind::object); }
+    bool EndObject(unsigned) { return close(); }
+    bool StartArray() { return open(Kind::array); }
+    bool EndArray(unsigned) { return close(); }
+
+    // Not called, for numbers come as their text.
+    bool Int(int) { return false; }
+    bool Uint(unsigned) { return false; }
+    bool Int64(std::int64_t) { return false; }
+    bool Uint64(std::uint64_t) { return false; }
+    bool Double(double) { return false; }
+
+private:
+    bool add(Kind kind, const char* text = nullptr, std::uint32_t length = 1) {
+        nodes_.push_back({text, length, kind});
+        return true;
+    }
+
+    bool open(Kind kind) {
+        if (level_ == levelLimit) {
+            return false;
         }
-        require(next() == '"', "unescaped control character");
-        add(kind, start, position_);
-        ++position_;
+        starts_[level_++] = nodes_.size();
+        return add(kind);
     }
 
-    void passPlainText() {
-        const std::string_view rest(position_, static_cast<std::size_t>(end_ - position_));
-        position_ += findByte(rest, 0, [](auto byte) { return (byte < 0x20) | (byte == '"') | (byte == '\\'); });
+    bool close() {
+        const std::size_t start = starts_[--level_];
+        nodes_[start].length = static_cast<std::uint32_t>(nodes_.size() - start);
+        return true;
     }
 
-    void escape() {
-        ++position_;
-        if (!take('u')) {
-            require(next() != '\0' && std::string_view("\"\\/bfnrt").find(next()) != std::string_view::npos,
-                    malformedEscape);
-            ++position_;
-            return;
-        }
-        constexpr unsigned surrogateMask = 0xFC00;
-        constexpr unsigned high = 0xD800;
-        constexpr unsigned low = 0xDC00;
-        const unsigned unit = codeUnit();
-        require((unit & surrogateMask) != low, malformedEscape);
-        if ((unit & surrogateMask) == high) {
-            require(take('\\') && take('u') && (codeUnit() & surrogateMask) == low, malformedEscape);
-        }
-    }
-
-    unsigned codeUnit() {
-        constexpr std::ptrdiff_t digitCount = 4;
-        constexpr int base = 16;
-        unsigned unit = 0;
-        const char* const digitsEnd = position_ + std::min(digitCount, end_ - position_);
-        const char* const found = std::from_chars(position_, digitsEnd, unit, base).ptr;
-        require(found - position_ == digitCount, malformedEscape);
-        position_ = found;
-        return unit;
-    }
-
-    void number() {
-        const char* const start = position_;
-        take('-');
-        if (!take('0')) {
-            require(digits() <= exponentLimit + 1, numberTooLarge);
-        }
-        const std::size_t fractionLength = take('.') ? digits() : 0;
-        if (take('e') || take('E')) {
-            const bool isSmall = take('-');
-            if (!isSmall) {
-                take('+');
-            }
-            const std::size_t length = digits();
-            std::size_t exponent = 0;
-            const bool fits = std::from_chars(position_ - length, position_, exponent).ec == std::errc();
-            require(isSmall || (fits && exponent <= exponentLimit + fractionLength), numberTooLarge);
-        }
-        add(Kind::number, start, position_);
-    }
-
-    /// One digit or more; how many.
-    std::size_t digits() {
-        const char* const start = position_;
-        require(isDigit(next()), malformedValue);
-        while (isDigit(next())) {
-            ++position_;
-        }
-        return static_cast<std::size_t>(position_ - start);
-    }
-
-    void word(std::string_view letters, Kind kind) {
-        const char* const start = position_;
-        for (const char letter : letters) {
-            require(take(letter), malformedValue);
-        }
-        add(kind, start, position_);
-    }
-
-    void add(Kind kind, const char* start, const char* end) {
-        nodes_.push_back({start, static_cast<std::uint32_t>(end - start), kind});
-    }
-
-    const char* position_;
-    const char* const end_;
-    int level_ = 0;
     std::vector<JsonNode>& nodes_;
     UnescapedTexts& texts_;
+    std::array<std::size_t, levelLimit> starts_;
+    std::size_t level_ = 0;
 };
+
+constexpr std::string_view malformedEscape = "malformed escape in a text";
+constexpr std::string_view controlCharacter = "unescaped control character";
+constexpr std::string_view somethingFollows = "something follows its end";
+
+/// What is wrong at `byte`.
+std::string_view description(rapidjson::ParseErrorCode error, char byte) {
+    switch (error) {
+    case rapidjson::kParseErrorDocumentRootNotSingular:
+        return somethingFollows;
+    case rapidjson::kParseErrorObjectMissName:
+        return "an object's key is missing";
+    case rapidjson::kParseErrorObjectMissColon:
+        return "the colon behind a key is missing";
+    case rapidjson::kParseErrorObjectMissCommaOrCurlyBracket:
+        return "a comma or } is missing in an object";
+    case rapidjson::kParseErrorArrayMissCommaOrSquareBracket:
+        return "a comma or ] is missing in an array";
+    case rapidjson::kParseErrorStringMissQuotationMark: // It is a null byte that comes too early.
+        return controlCharacter;
+    case rapidjson::kParseErrorStringUnicodeEscapeInvalidHex:
+    case rapidjson::kParseErrorStringUnicodeSurrogateInvalid:
+        return malformedEscape;
+    case rapidjson::kParseErrorStringEscapeInvalid:
+        return byte == '\\' ? malformedEscape : controlCharacter;
+    case rapidjson::kParseErrorNumberTooBig:
+        return "a number is too large";
+    case rapidjson::kParseErrorTermination:
+        return "nested too deeply";
+    default:
+        return "malformed value";
+    }
+}
 
 } // namespace
 
@@ -256,10 +176,22 @@ std::optional<std::string_view> JsonDocument::read(std::string_view text) {
     // Hardly any JSON has shorter ones, and what is not used takes no memory.
     constexpr std::size_t leastNodeText = 8;
     nodes_.reserve(text.size() / leastNodeText + 1);
+    NodeCollector collector(nodes_, *texts_);
+    TextStream stream(text);
+    rapidjson::GenericReader<Utf8, Utf8> reader;
     try {
-        Parser(text, nodes_, *texts_).parse();
-    } catch (const Malformed& malformed) {
-        return malformed.problem;
+        constexpr unsigned flags = rapidjson::kParseInsituFlag | rapidjson::kParseNumbersAsStringsFlag;
+        const rapidjson::ParseResult result = reader.Parse<flags>(stream, collector);
+        if (result.IsError()) {
+            return result.Offset() == text.size() ? "incomplete JSON"
+                                                  : description(result.Code(), text[result.Offset()]);
+        }
+    } catch (const LoneSurrogate&) {
+        return malformedEscape;
+    }
+    // To the reader, a null byte is the end.
+    if (stream.Tell() < text.size()) {
+        return somethingFollows;
     }
     return std::nullopt;
 }
@@ -284,7 +216,7 @@ std::optional<JsonObjectDocument> JsonDocument::parseObject(JsonSource source) {
     if (start == std::string_view::npos || text[start] != '{') {
         return std::nullopt;
     }
-    std::optional<JsonDocument> document = parse(text);
+    std::optional<JsonDocument> document = parse(source);
     return document ? std::optional(JsonObjectDocument(*std::move(document))) : std::nullopt;
 }
 

@@ -68,6 +68,8 @@ TEST(Json, IsReadStrictly) {
         {"[tru]", "malformed value"},
         {"{\"a\":\v1}", "malformed value"},
         {"\"" + padding + "\x1F\"", "unescaped control character"},
+        {"\"\t\"", "unescaped control character"},
+        {std::string("\"a\0\""sv), "unescaped control character"},
         {"\"" + padding + "é\xED\xA0\x80\"", "malformed UTF-8"},
         {nested(513), "nested too deeply"},
     };
@@ -78,14 +80,15 @@ TEST(Json, IsReadStrictly) {
 
 TEST(Json, TextsStayWhereTheyAreUntilTheyAreRead) {
     const std::string run(3000, 'x');
-    const std::string json = R"({"plain":"p","esc\u0061ped":"\/\b\f\n\r\t\\\u00e9\ud83c\udf31","long":")" + run +
-                             "\\n" + run + R"(é\n)" + std::string(5000, 'y') +
-                             R"(\"","none":"","nonet":null,"two":1,"two":"2"})";
+    const std::string json =
+        R"({"plain":"p","esc\u0061ped":"\/\b\f\n\r\t\\\u00e9\ud83c\udf31","quoted":"\/\"x","long":")" + run + "\\n" +
+        run + R"(é\n)" + std::string(5000, 'y') + R"(\"","none":"","nonet":null,"two":1,"two":"2"})";
     const std::string before = json;
     const JsonObjectDocument document = object(json);
     const JsonObject root = document.object();
     EXPECT_EQ(root.text("plain")->data(), json.data() + json.find("\"p\"") + 1);
     EXPECT_EQ(root.text("escaped"), "/\b\f\n\r\t\\é🌱");
+    EXPECT_EQ(root.text("quoted"), "/\"x");
     std::vector<std::string> pieces;
     root.longText("long")->forEachPiece([&](std::string_view piece) { pieces.emplace_back(piece); });
     EXPECT_THAT(pieces, ElementsAre(run + "\n", run + "é\n", std::string(5000, 'y'), "\""));
