@@ -1,6 +1,8 @@
 #include "core/DisplayDates.h"
 
 #include <algorithm>
+#include <charconv>
+#include <limits>
 
 namespace orvane {
 
@@ -8,15 +10,17 @@ namespace {
 
 /// Appends `number` in at least `width` places.
 void appendPadded(std::string& text, int number, std::size_t width, char padding) {
-    const std::string digits = std::to_string(number);
-    text.append(width - std::min(width, digits.size()), padding).append(digits);
+    char digits[std::numeric_limits<int>::digits10 + 2];
+    const char* const end = std::to_chars(digits, std::end(digits), number).ptr;
+    const auto length = static_cast<std::size_t>(end - digits);
+    text.append(width - std::min(width, length), padding).append(digits, length);
 }
 
-std::string listingDate(platform::Instant date, platform::Instant now) {
+std::string listingDate(platform::Instant date, platform::LocalClock& clock) {
     constexpr platform::Instant halfAYear = 15'768'000;
     constexpr platform::Instant anHour = 3'600;
-    const platform::CivilTime time = platform::localTime(date);
-    const bool isFar = now - date >= halfAYear || date - now >= anHour;
+    const platform::CivilTime time = clock.timeAt(date);
+    const bool isFar = clock.now() - date >= halfAYear || date - clock.now() >= anHour;
     std::string text(platform::monthAbbreviation(time.month));
     text += ' ';
     appendPadded(text, time.day, 2, ' ');
@@ -34,14 +38,19 @@ std::string listingDate(platform::Instant date, platform::Instant now) {
 
 } // namespace
 
-std::string formatDisplayDate(std::string_view text, platform::Instant now) {
+std::string formatDisplayDate(std::string_view text, platform::LocalClock& clock) {
     const auto time = platform::parseDisplayTime(text);
-    return time ? listingDate(platform::instantOfLocalTime(*time), now) : std::string(text);
+    return time ? listingDate(clock.instantOf(*time), clock) : std::string(text);
 }
 
-std::string formatISODisplayDate(std::string_view text, platform::Instant now) {
+std::string formatDisplayDate(std::string_view text) {
+    platform::LocalClock clock;
+    return formatDisplayDate(text, clock);
+}
+
+std::string formatISODisplayDate(std::string_view text, platform::LocalClock& clock) {
     const auto instant = platform::parseIsoInstant(text);
-    return instant ? listingDate(*instant, now) : std::string();
+    return instant ? listingDate(*instant, clock) : std::string();
 }
 
 } // namespace orvane

@@ -10,10 +10,11 @@
 namespace orvane {
 
 /// For a display timestamp of the service, such as "Mar 7, 2024, 2:05 PM PST", whose last word is left aside. Any
-/// other text comes back unchanged.
-std::string formatDisplayDate(std::string_view text, platform::Instant now = platform::currentInstant());
+/// other text comes back unchanged. Several dates are shown by one clock.
+std::string formatDisplayDate(std::string_view text, platform::LocalClock& clock);
+std::string formatDisplayDate(std::string_view text);
 
 /// For an ISO-8601 instant. Any other text gives an empty one.
-std::string formatISODisplayDate(std::string_view text, platform::Instant now = platform::currentInstant());
+std::string formatISODisplayDate(std::string_view text, platform::LocalClock& clock);
 
 } // namespace orvane

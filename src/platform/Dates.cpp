@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <chrono>
 
 #include <time.h>
@@ -37,15 +36,14 @@ public:
         }
     }
 
-    /// A decimal number of `minimum` to `maximum` digits.
+    /// A decimal number of `minimum` digits or more; those behind `maximum` ones are left.
     int number(std::size_t minimum, std::size_t maximum) {
-        const std::size_t digits = digitCount();
+        const std::size_t digits = std::min(digitCount(), maximum);
+        failed_ |= digits < minimum;
         int value = 0;
-        if (failed_ || digits < minimum || digits > maximum) {
-            failed_ = true;
-            return value;
+        for (const char digit : text_.substr(0, digits)) {
+            value = value * 10 + (digit - '0');
         }
-        std::from_chars(text_.data(), text_.data() + digits, value);
         text_.remove_prefix(digits);
         return value;
     }
@@ -104,13 +102,28 @@ Instant instantOfUtc(const CivilTime& time) {
     return instant.time_since_epoch() / std::chrono::seconds(1);
 }
 
+CivilTime civilTimeOfUtc(Instant instant) {
+    const std::chrono::sys_seconds time{std::chrono::seconds(instant)};
+    const auto days = std::chrono::floor<std::chrono::days>(time);
+    const std::chrono::year_month_day date(days);
+    const std::chrono::hh_mm_ss clock(time - days);
+    return {static_cast<int>(date.year()),
+            static_cast<int>(static_cast<unsigned>(date.month())),
+            static_cast<int>(static_cast<unsigned>(date.day())),
+            static_cast<int>(clock.hours().count()),
+            static_cast<int>(clock.minutes().count()),
+            static_cast<int>(clock.seconds().count())};
+}
+
 /// Unlike localtime and mktime, localtime_r does not look up the zone's file at every call.
-tm localFields(Instant instant) {
+Instant zoneOffset(Instant instant) {
     const time_t time = static_cast<time_t>(instant);
     tm fields{};
     ::localtime_r(&time, &fields);
-    return fields;
+    return fields.tm_gmtoff;
 }
+
+constexpr Instant day = 24 * 60 * 60;
 
 } // namespace
 
@@ -122,23 +135,46 @@ std::string_view monthAbbreviation(int month) {
     return months.at(static_cast<std::size_t>(month - 1));
 }
 
-CivilTime localTime(Instant instant) {
-    const tm fields = localFields(instant);
-    return {fields.tm_year + 1900, fields.tm_mon + 1, fields.tm_mday, fields.tm_hour, fields.tm_min, fields.tm_sec};
+CivilTime LocalClock::timeAt(Instant instant) {
+    const std::optional<Instant> offset = steadyOffset(instant);
+    return civilTimeOfUtc(instant + (offset ? *offset : zoneOffset(instant)));
 }
 
-Instant instantOfLocalTime(const CivilTime& time) {
-    constexpr Instant day = 24 * 60 * 60;
+Instant LocalClock::instantOf(const CivilTime& time) {
     const Instant utc = instantOfUtc(time);
+    if (const std::optional<Instant> offset = steadyOffset(utc)) {
+        return utc - *offset;
+    }
     // The zone's offset changes at most once in the two days around, and one of the two holds at the time looked for.
-    const Instant offsetBefore = localFields(utc - day).tm_gmtoff;
-    const Instant offsetAfter = localFields(utc + day).tm_gmtoff;
+    const Instant offsetBefore = zoneOffset(utc - day);
+    const Instant offsetAfter = zoneOffset(utc + day);
     if (offsetBefore == offsetAfter) {
         return utc - offsetBefore;
     }
-    const bool isAfterChange = localFields(utc - offsetBefore).tm_gmtoff != offsetBefore;
-    const bool isSkipped = isAfterChange && localFields(utc - offsetAfter).tm_gmtoff != offsetAfter;
+    const bool isAfterChange = zoneOffset(utc - offsetBefore) != offsetBefore;
+    const bool isSkipped = isAfterChange && zoneOffset(utc - offsetAfter) != offsetAfter;
     return utc - (isAfterChange && !isSkipped ? offsetAfter : offsetBefore);
+}
+
+/// The zone's offset from UTC if it is the same from a day before `instant` to a day after. It is looked up at points
+/// so close to each other that no zone changes its offset and takes that back in between.
+std::optional<Instant> LocalClock::steadyOffset(Instant instant) {
+    constexpr Instant step = 4 * day;
+    const Instant rest = ((instant - day) % step + step) % step;
+    const Instant before = instant - day - rest;
+    const Instant offset = offsetAt(before);
+    const bool endsInStep = rest + 2 * day <= step;
+    const bool isSteady = offsetAt(before + step) == offset && (endsInStep || offsetAt(before + 2 * step) == offset);
+    return isSteady ? std::optional(offset) : std::nullopt;
+}
+
+/// The offset at a multiple of steadyOffset's step.
+Instant LocalClock::offsetAt(Instant gridPoint) {
+    KnownOffset& known = known_[static_cast<std::size_t>(gridPoint / (4 * day)) % known_.size()];
+    if (known.instant != gridPoint) {
+        known = {gridPoint, zoneOffset(gridPoint)};
+    }
+    return known.offset;
 }
 
 std::optional<CivilTime> parseDisplayTime(std::string_view text) {

@@ -1,7 +1,9 @@
 // Times in the local zone, which the C library knows from TZ or the system.
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <string_view>
 
@@ -25,12 +27,34 @@ Instant currentInstant();
 /// The month's English name of three letters, such as "Mar".
 std::string_view monthAbbreviation(int month);
 
-/// What the local clock shows at `instant`.
-CivilTime localTime(Instant instant);
+/// The clock of the local zone. It remembers the zone's offsets that it has looked up, for times that are asked about
+/// together lie close together.
+class LocalClock {
+public:
+    /// A clock that stands at `now`.
+    explicit LocalClock(Instant now = currentInstant()) : now_(now) {}
 
-/// When the local clock shows `time`, the first time when it does so twice; the fields are in range. A time that the
-/// clock skips counts from before the change.
-Instant instantOfLocalTime(const CivilTime& time);
+    Instant now() const { return now_; }
+
+    /// What the clock shows at `instant`.
+    CivilTime timeAt(Instant instant);
+
+    /// When the clock shows `time`, the first time when it does so twice; the fields are in range. A time that the
+    /// clock skips counts from before the change.
+    Instant instantOf(const CivilTime& time);
+
+private:
+    struct KnownOffset {
+        Instant instant = std::numeric_limits<Instant>::min();
+        Instant offset = 0;
+    };
+
+    std::optional<Instant> steadyOffset(Instant instant);
+    Instant offsetAt(Instant gridPoint);
+
+    Instant now_;
+    std::array<KnownOffset, 16> known_;
+};
 
 /// "Mar 7, 2024, 2:05 PM PST": month, day, year, the time on a twelve-hour clock, and one word more, which is left
 /// aside; several blanks are like one. Nothing for any other text.

@@ -144,8 +144,8 @@ private:
 
     bool isRefused() const { return response_.status() >= leastRefusingStatus; }
 
-    /// A service that closes with a request half read resets the connection: it cannot end its refusal otherwise.
-    bool endsWithReset() const { return isRefused() && response_.endsWithConnection() && !request_.body.empty(); }
+    /// A service that closes with a request half read resets the connection: it cannot end its response otherwise.
+    bool endsWithReset() const { return response_.endsWithConnection() && !request_.body.empty(); }
 
     const HttpRequest& request_;
     const HttpLocation& location_;

@@ -62,7 +62,9 @@ private:
 ///
 /// A response may come before all of the request is sent. One of status 300 or above ends the sending at once. One of
 /// status 2xx does not: whoever accepts a request wants the rest of it. It is sent for as long as the service takes it,
-/// and the response counts even if the service then closes the connection or, for a second, takes nothing.
+/// and the response, once it is whole, counts even if the service then closes the connection or, for a second, takes
+/// nothing. A response without a length ends with the connection; that may be a reset when the request has a body, for
+/// a service that closes with a part of it unread can't do otherwise.
 ///
 /// With a `sink`, the body of a 2xx response goes to it while it comes in, provided that it is larger than
 /// passOnThreshold; any other body is held whole and returned. If the connection is then lost, the sink has had what

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstring>
 
 namespace platform {
 
@@ -17,7 +18,7 @@ std::string_view textOf(const JsonNode& node) {
     return {node.text, node.length};
 }
 
-/// Calls `visit` with the key and the value of each member.
+/// Calls `visit` with the key and the value of each member. Keys have no escapes.
 template <class Visit>
 void forEachMember(const JsonNode& object, Visit visit) {
     const JsonNode* const end = &object + object.length;
@@ -26,11 +27,17 @@ void forEachMember(const JsonNode& object, Visit visit) {
     }
 }
 
+/// Most keys differ in length or in their first letter.
+bool isSameKey(std::string_view name, std::string_view key) {
+    return name.size() == key.size() &&
+           (key.empty() || (name.front() == key.front() && std::memcmp(name.data(), key.data(), key.size()) == 0));
+}
+
 /// The last member of that key; null when there is none.
 const JsonNode* findMember(const JsonNode& object, std::string_view key) {
     const JsonNode* found = nullptr;
     forEachMember(object, [&](std::string_view name, const JsonNode& value) {
-        if (name == key) {
+        if (isSameKey(name, key)) {
             found = &value;
         }
     });
@@ -82,26 +89,28 @@ void appendPrettyBlock(std::string& json, char open, char close, const Elements&
     json += close;
 }
 
-void appendPretty(std::string& json, const JsonNode& node, std::size_t indent) {
+void appendPretty(std::string& json, const JsonNode& node, UnescapedTexts& texts, std::size_t indent) {
     switch (node.kind) {
     case Kind::object: {
-        const JsonObject object(node);
+        const JsonObject object(node, texts);
         appendPrettyBlock(json, '{', '}', object.sortedKeys(), indent, [&](std::string_view key, std::size_t inner) {
             appendJsonQuoted(json, key);
             json += ": ";
-            appendPretty(json, *findMember(node, key), inner);
+            appendPretty(json, *findMember(node, key), texts, inner);
         });
         break;
     }
     case Kind::array: {
         std::vector<const JsonNode*> elements;
         forEachElement(node, [&](const JsonNode& element) { elements.push_back(&element); });
-        appendPrettyBlock(json, '[', ']', elements, indent,
-                          [&](const JsonNode* element, std::size_t inner) { appendPretty(json, *element, inner); });
+        appendPrettyBlock(json, '[', ']', elements, indent, [&](const JsonNode* element, std::size_t inner) {
+            appendPretty(json, *element, texts, inner);
+        });
         break;
     }
     case Kind::text:
-        appendJsonQuoted(json, textOf(node));
+    case Kind::escapedText:
+        appendJsonQuoted(json, texts.of(node));
         break;
     case Kind::number:
         json += prettyJsonNumber(textOf(node));
@@ -122,12 +131,17 @@ void appendPretty(std::string& json, const JsonNode& node, std::size_t indent) {
 
 std::optional<JsonValue> JsonObject::value(std::string_view key) const {
     const JsonNode* value = findMember(*node_, key);
-    return value == nullptr ? std::nullopt : std::optional(JsonValue(*value));
+    return value == nullptr ? std::nullopt : std::optional(JsonValue(*value, *texts_));
 }
 
 std::optional<std::string_view> JsonObject::text(std::string_view key) const {
     const std::optional<JsonValue> found = value(key);
     return found ? found->text() : std::nullopt;
+}
+
+std::optional<JsonText> JsonObject::longText(std::string_view key) const {
+    const JsonNode* value = findMember(*node_, key);
+    return value == nullptr || !value->isText() ? std::nullopt : std::optional(JsonText(*value));
 }
 
 std::optional<bool> JsonObject::boolean(std::string_view key) const {
@@ -161,11 +175,21 @@ std::optional<std::vector<std::string_view>> JsonObject::texts(std::string_view 
     std::vector<std::string_view> texts;
     bool hasOthers = false;
     forEachElement(*array, [&](const JsonNode& element) {
-        const auto text = JsonValue(element).text();
+        const auto text = JsonValue(element, *texts_).text();
         hasOthers |= !text;
         texts.push_back(text.value_or(""));
     });
     return hasOthers ? std::nullopt : std::optional(std::move(texts));
+}
+
+void JsonObject::findValues(const std::string_view* keys, std::optional<JsonValue>* values, std::size_t count) const {
+    forEachMember(*node_, [&](std::string_view name, const JsonNode& value) {
+        for (std::size_t i = 0; i < count; ++i) {
+            if (isSameKey(name, keys[i])) {
+                values[i].emplace(value, *texts_);
+            }
+        }
+    });
 }
 
 std::vector<std::string_view> JsonObject::sortedKeys() const {
@@ -177,11 +201,11 @@ std::vector<std::string_view> JsonObject::sortedKeys() const {
 }
 
 std::optional<std::string_view> JsonValue::text() const {
-    return node_->kind == Kind::text ? std::optional(textOf(*node_)) : std::nullopt;
+    return node_->isText() ? std::optional(texts_->of(*node_)) : std::nullopt;
 }
 
 std::optional<JsonObject> JsonValue::object() const {
-    return node_->kind == Kind::object ? std::optional(JsonObject(*node_)) : std::nullopt;
+    return node_->kind == Kind::object ? std::optional(JsonObject(*node_, *texts_)) : std::nullopt;
 }
 
 std::optional<std::vector<JsonObject>> JsonValue::objects() const {
@@ -192,14 +216,14 @@ std::optional<std::vector<JsonObject>> JsonValue::objects() const {
     bool hasOthers = false;
     forEachElement(*node_, [&](const JsonNode& element) {
         hasOthers |= element.kind != Kind::object;
-        objects.emplace_back(element);
+        objects.emplace_back(element, *texts_);
     });
     return hasOthers ? std::nullopt : std::optional(std::move(objects));
 }
 
 std::string JsonValue::prettyText() const {
     std::string json;
-    appendPretty(json, *node_, 0);
+    appendPretty(json, *node_, *texts_, 0);
     return json;
 }
 

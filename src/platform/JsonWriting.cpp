@@ -10,9 +10,7 @@ namespace platform {
 
 namespace {
 
-bool needsEscape(unsigned char byte) {
-    return (byte < 0x20) | (byte == '"') | (byte == '\\');
-}
+constexpr auto needsEscape = [](auto byte) { return (byte < 0x20) | (byte == '"') | (byte == '\\'); };
 
 void appendEscape(std::string& json, char byte) {
     constexpr std::string_view bytes = "\"\\\b\f\n\r\t";

@@ -51,13 +51,11 @@ std::string shown(std::string_view text, IsSuspicious isSuspicious) {
 } // namespace
 
 std::string terminalText(std::string_view text) {
-    return shown(text, [](unsigned char byte) {
-        return (byte < '\t') | (static_cast<unsigned char>(byte - '\v') <= 0x1F - '\v') | (byte >= 0x7F);
-    });
+    return shown(text, [](auto byte) { return (byte < '\t') | ((byte >= '\v') & (byte <= 0x1F)) | (byte >= 0x7F); });
 }
 
 std::string terminalLine(std::string_view text) {
-    return shown(text, [](unsigned char byte) { return (byte < 0x20) | (byte >= 0x7F); });
+    return shown(text, [](auto byte) { return (byte < 0x20) | (byte >= 0x7F); });
 }
 
 } // namespace platform

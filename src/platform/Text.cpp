@@ -14,16 +14,10 @@ namespace {
 
 constexpr std::string_view replacementCharacter = "\xEF\xBF\xBD";
 
-bool isNonAscii(unsigned char byte) {
-    return byte >= 0x80;
-}
+constexpr auto isNonAscii = [](auto byte) { return byte >= 0x80; };
 
 bool startsNonAscii(std::string_view text) {
     return !text.empty() && isNonAscii(static_cast<unsigned char>(text.front()));
-}
-
-bool isAscii(std::string_view text) {
-    return findByte(text, 0, isNonAscii) == text.size();
 }
 
 /// The length of the well-formed sequence at the front of `text`, which begins with a byte outside ASCII; 0 when it is
@@ -153,14 +147,21 @@ std::string_view trimmedAtStart(std::string_view text) {
 
 std::size_t characterCount(std::string_view text) {
     std::size_t count = 0;
-    if (isAscii(text)) {
-        count = text.size();
-        for (auto at = text.find("\r\n"); at != std::string_view::npos; at = text.find("\r\n", at + 2)) {
+    while (!text.empty()) {
+        const std::size_t ascii = findByte(text, 0, isNonAscii);
+        // What comes behind may belong to the last of a run, unless that is a control character.
+        const bool endsApart = ascii == text.size() || (ascii > 0 && text[ascii - 1] < ' ');
+        const std::string_view run = text.substr(0, endsApart ? ascii : ascii - std::min<std::size_t>(ascii, 1));
+        count += run.size();
+        for (auto at = run.find("\r\n"); at != std::string_view::npos; at = run.find("\r\n", at + 2)) {
             --count;
         }
-        return count;
+        text.remove_prefix(run.size());
+        if (!text.empty()) {
+            text.remove_prefix(firstCharacterLength(text));
+            ++count;
+        }
     }
-    forEachCharacter(text, [&](std::string_view) { ++count; });
     return count;
 }
 

@@ -22,27 +22,49 @@ namespace {
 
 using platform::JsonDocument;
 using platform::JsonObject;
+using platform::JsonText;
 
 constexpr std::string_view indent = "    ";
 
 /// The texts that make up a result's body: the body itself, else its chunks, which stand on lines of their own.
-std::vector<std::string_view> bodyTexts(const JsonObject& result) {
-    if (const auto body = result.text("body")) {
+std::vector<JsonText> bodyTexts(const JsonObject& result) {
+    if (const auto body = result.longText("body")) {
         return {*body};
     }
-    std::vector<std::string_view> texts;
+    std::vector<JsonText> texts;
     for (const JsonObject& chunk : result.objects("chunks").value_or(std::vector<JsonObject>())) {
-        if (const auto text = chunk.text("text")) {
+        if (const auto text = chunk.longText("text")) {
             texts.push_back(*text);
         }
     }
-    return texts.empty() ? std::vector<std::string_view>{""} : texts;
+    return texts;
 }
 
+/// Appends what continues a line, with an indent behind each line feed in it.
 void appendIndented(std::string& block, std::string_view text) {
-    for (const std::string_view line : platform::split(text, '\n')) {
-        block.append(indent).append(line).append("\n");
+    while (true) {
+        const std::size_t lineEnd = text.find('\n');
+        block.append(text.substr(0, lineEnd));
+        if (lineEnd == std::string_view::npos) {
+            return;
+        }
+        block.append("\n").append(indent);
+        text.remove_prefix(lineEnd + 1);
     }
+}
+
+void appendBody(std::string& block, const JsonObject& result) {
+    const std::vector<JsonText> texts = bodyTexts(result);
+    block.append(indent);
+    for (const JsonText& text : texts) {
+        if (&text != &texts.front()) {
+            block.append("\n").append(indent);
+        }
+        text.forEachPiece([&](std::string_view piece) {
+            stdoutIsTerminal() ? appendIndented(block, shownText(piece)) : appendIndented(block, piece);
+        });
+    }
+    block += "\n";
 }
 
 /// Appends a line of labelled facts; nothing when there are none.
@@ -52,7 +74,8 @@ void appendFacts(std::string& block, const std::vector<std::string>& facts) {
     }
 }
 
-void appendHeadLine(std::string& block, const JsonObject& result, const JsonObject& document) {
+void appendHeadLine(std::string& block, const JsonObject& result, const JsonObject& document,
+                    platform::LocalClock& clock) {
     constexpr std::size_t titleLimit = 100;
     const auto id = result.text("nodeId");
     const auto title = result.text("title");
@@ -61,7 +84,8 @@ void appendHeadLine(std::string& block, const JsonObject& result, const JsonObje
     if (const std::string_view owner = ownerLabel(document.object("sourceOwner")); !owner.empty()) {
         block += "  " + ansiStyled(owner, Style::green);
     }
-    if (const std::string date = formatISODisplayDate(textOrEmpty(document, "originalUpdatedAt")); !date.empty()) {
+    if (const std::string date = formatISODisplayDate(textOrEmpty(document, "originalUpdatedAt"), clock);
+        !date.empty()) {
         block += "  " + ansiStyled(date, Style::dim);
     }
     const std::string line = singleLine(title ? *title : textOrEmpty(document, "name"), titleLimit);
@@ -69,10 +93,10 @@ void appendHeadLine(std::string& block, const JsonObject& result, const JsonObje
 }
 
 /// Appends what a result shows, with an empty line behind it.
-void appendResult(std::string& block, const JsonObject& result) {
+void appendResult(std::string& block, const JsonObject& result, platform::LocalClock& clock) {
     const JsonObject document = result.object("document").value_or(result);
     const auto fact = [](const char* label, std::string_view value) { return label + std::string(value); };
-    appendHeadLine(block, result, document);
+    appendHeadLine(block, result, document, clock);
     if (const std::string_view thread = textOrEmpty(result, "threadId"); !thread.empty()) {
         appendFacts(block, {fact("threadId: ", thread)});
     }
@@ -87,9 +111,7 @@ void appendResult(std::string& block, const JsonObject& result) {
         session.push_back(fact("executionMode: ", mode));
     }
     appendFacts(block, session);
-    for (const std::string_view text : bodyTexts(result)) {
-        stdoutIsTerminal() ? appendIndented(block, shownText(text)) : appendIndented(block, text);
-    }
+    appendBody(block, result);
     block += "\n";
 }
 
@@ -108,8 +130,9 @@ constexpr std::size_t pieceSize = std::size_t{64} << 10U;
 
 void printResults(const JsonObject& response, const std::vector<JsonObject>& results) {
     std::string text;
+    platform::LocalClock clock;
     for (const JsonObject& result : results) {
-        appendResult(text, result);
+        appendResult(text, result, clock);
         if (text.size() >= pieceSize) {
             platform::writeStandardOutput(text);
             text.clear();

@@ -70,9 +70,9 @@ std::string sharedWithLabel(const std::vector<platform::JsonObject>& grants) {
     return total > shown ? text + " +" + std::to_string(total - shown) : text;
 }
 
-std::string updatedLabel(const platform::JsonObject& node) {
+std::string updatedLabel(const platform::JsonObject& node, platform::LocalClock& clock) {
     const auto original = node.text("originalUpdatedAt");
-    return formatDisplayDate(original ? *original : textOrEmpty(node, "updatedAt"));
+    return formatDisplayDate(original ? *original : textOrEmpty(node, "updatedAt"), clock);
 }
 
 std::string_view textOrEmpty(const platform::JsonObject& record, std::string_view key) {

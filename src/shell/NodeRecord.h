@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/Dates.h"
 #include "platform/Json.h"
 
 namespace orvane {
@@ -24,6 +25,6 @@ std::string_view ownerLabel(const std::optional<platform::JsonObject>& owner);
 std::string sharedWithLabel(const std::vector<platform::JsonObject>& grants);
 
 /// When a node was last updated, as listings show it; empty when its record doesn't tell.
-std::string updatedLabel(const platform::JsonObject& node);
+std::string updatedLabel(const platform::JsonObject& node, platform::LocalClock& clock);
 
 } // namespace orvane

@@ -11,6 +11,7 @@ namespace {
 
 using platform::JsonDocument;
 using platform::JsonObject;
+using platform::JsonValue;
 
 /// The columns that a page has only when one of its nodes has something to show in them.
 struct OptionalColumns {
@@ -19,16 +20,23 @@ struct OptionalColumns {
     bool thread = false;
 };
 
-std::vector<JsonObject> grantsOf(const JsonObject& node) {
-    return node.objects("sharedWith").value_or(std::vector<JsonObject>());
+std::string_view textOrEmpty(const std::optional<JsonValue>& value) {
+    return value ? value->text().value_or("") : "";
+}
+
+std::vector<JsonObject> objectsOrNone(const std::optional<JsonValue>& value) {
+    return value ? value->objects().value_or(std::vector<JsonObject>()) : std::vector<JsonObject>();
 }
 
 OptionalColumns optionalColumns(const std::vector<JsonObject>& nodes) {
+    const auto isText = [](const std::optional<JsonValue>& value) { return value && value->isText(); };
     OptionalColumns columns;
     for (const JsonObject& node : nodes) {
-        columns.shared = columns.shared || !grantsOf(node).empty();
-        columns.session = columns.session || node.text("initiated") || node.text("executionMode");
-        columns.thread = columns.thread || node.text("threadId");
+        const auto [grants, initiated, mode, thread] =
+            node.values({"sharedWith", "initiated", "executionMode", "threadId"});
+        columns.shared = columns.shared || !objectsOrNone(grants).empty();
+        columns.session = columns.session || isText(initiated) || isText(mode);
+        columns.thread = columns.thread || isText(thread);
     }
     return columns;
 }
@@ -52,24 +60,26 @@ void addHeader(TableRows& rows, const OptionalColumns& columns) {
     rows.endRow();
 }
 
-void addNode(TableRows& rows, const JsonObject& node, const OptionalColumns& columns) {
+void addNode(TableRows& rows, const JsonObject& node, const OptionalColumns& columns, platform::LocalClock& clock) {
     constexpr std::size_t nameLimit = 80;
-    const std::string_view owner = ownerLabel(node.object("sourceOwner"));
-    rows.add(textOrEmpty(node, "kind"), Style::dim);
-    rows.add(owner, owner == "me" ? Style::green : Style::yellow);
+    const auto [kind, owner, grants, initiated, mode, id, thread, name] =
+        node.values({"kind", "sourceOwner", "sharedWith", "initiated", "executionMode", "id", "threadId", "name"});
+    const std::string_view ownerName = ownerLabel(owner ? owner->object() : std::nullopt);
+    rows.add(textOrEmpty(kind), Style::dim);
+    rows.add(ownerName, ownerName == "me" ? Style::green : Style::yellow);
     if (columns.shared) {
-        rows.add(sharedWithLabel(grantsOf(node)), Style::magenta);
+        rows.add(rows.keep(sharedWithLabel(objectsOrNone(grants))), Style::magenta);
     }
     if (columns.session) {
-        rows.add(textOrEmpty(node, "initiated"), Style::magenta);
-        rows.add(textOrEmpty(node, "executionMode"), Style::dim);
+        rows.add(textOrEmpty(initiated), Style::magenta);
+        rows.add(textOrEmpty(mode), Style::dim);
     }
-    rows.add(updatedLabel(node), Style::dim);
-    rows.add(textOrEmpty(node, "id"), Style::cyan);
+    rows.add(rows.keep(updatedLabel(node, clock)), Style::dim);
+    rows.add(textOrEmpty(id), Style::cyan);
     if (columns.thread) {
-        rows.add(textOrEmpty(node, "threadId"), Style::cyan);
+        rows.add(textOrEmpty(thread), Style::cyan);
     }
-    rows.add(textOrEmpty(node, "name"), Style::bold, nameLimit);
+    rows.add(textOrEmpty(name), Style::bold, nameLimit);
     rows.endRow();
 }
 
@@ -114,8 +124,9 @@ void renderNodeListing(const NodeListing& listing) {
     TableRows rows;
     rows.reserve((nodes->size() + 1) * maximumColumns);
     addHeader(rows, columns);
+    platform::LocalClock clock;
     for (const JsonObject& node : *nodes) {
-        addNode(rows, node, columns);
+        addNode(rows, node, columns, clock);
     }
     const std::string table = renderTabTable(rows, tabWidth);
     platform::writeStandardError(summary(document->object(), nodes->size(), listing.verb, listing.offset));

@@ -1,7 +1,5 @@
 #include "shell/NodeText.h"
 
-#include <algorithm>
-
 #include "core/Answers.h"
 #include "core/CLIError.h"
 #include "core/SingleLine.h"
@@ -15,6 +13,7 @@ namespace orvane {
 namespace {
 
 using platform::JsonObject;
+using platform::JsonText;
 
 CLIError directoryError(const JsonObject& node, std::string_view verb, const std::string& id) {
     std::string message(verb);
@@ -40,47 +39,74 @@ std::string nodeHeaderLine(const JsonObject& node) {
     append(platform::lowercased(textOrEmpty(node, "id")), Style::cyan);
     append(textOrEmpty(node, "kind"), Style::dim);
     append(ownerLabel(node.object("sourceOwner")), Style::green);
-    append(updatedLabel(node), Style::dim);
+    platform::LocalClock clock;
+    append(updatedLabel(node, clock), Style::dim);
     append(singleLine(textOrEmpty(node, "name"), nameLimit), Style::bold);
     return line;
 }
 
-/// The pieces of the text that a read returned; none when it returned no text.
-std::vector<std::string_view> extractReadText(const std::optional<JsonObject>& read) {
+/// The texts that a read returned: one, or the beginning and the end; none when it returned no text.
+std::vector<JsonText> readTexts(const std::optional<JsonObject>& read) {
     if (!read) {
         return {};
     }
-    if (const auto content = read->text("content")) {
+    if (const auto content = read->longText("content")) {
         return {*content};
     }
-    std::vector<std::string_view> pieces;
+    std::vector<JsonText> texts;
     for (const char* key : {"head", "tail"}) {
         const auto end = read->object(key);
-        if (const auto content = end ? end->text("content") : std::nullopt) {
-            pieces.push_back(*content);
+        if (const auto content = end ? end->longText("content") : std::nullopt) {
+            texts.push_back(*content);
         }
     }
-    if (pieces.size() > 1) {
-        pieces.insert(pieces.begin() + 1, "\n\n…\n\n");
-    }
-    return pieces;
+    return texts;
 }
 
-bool endsInLineFeed(const std::vector<std::string_view>& pieces) {
-    const auto last = std::find_if_not(pieces.rbegin(), pieces.rend(), [](auto piece) { return piece.empty(); });
-    return last != pieces.rend() && last->ends_with('\n');
-}
+/// Prints a text whose pieces come one by one. They go out together, in a size that does not take much memory. What a
+/// terminal must not obey is written out there.
+class TextPrinter {
+public:
+    explicit TextPrinter(std::string header) : pending_(std::move(header)) {}
 
-/// Prints `pieces` below `header`, all at once. What a terminal must not obey is written out there.
-void printText(std::string header, std::vector<std::string_view> pieces) {
-    if (!stdoutIsTerminal()) {
-        platform::writeStandardOutput(pieces);
-        return;
+    void add(std::string_view piece) {
+        endsInLineFeed_ = piece.ends_with('\n');
+        if (stdoutIsTerminal()) {
+            pending_ += shownText(piece);
+        } else if (piece.size() < pieceSize) {
+            pending_ += piece;
+        } else {
+            flush(piece);
+        }
+        if (pending_.size() >= pieceSize) {
+            flush();
+        }
     }
-    for (const std::string_view piece : pieces) {
-        header += shownText(piece);
+
+    /// Ends the last line if the text does not.
+    void finish() { flush(endsInLineFeed_ ? "" : "\n"); }
+
+private:
+    static constexpr std::size_t pieceSize = std::size_t{64} << 10U;
+
+    void flush(std::string_view last = {}) {
+        platform::writeStandardOutput({pending_, last});
+        pending_.clear();
     }
-    platform::writeStandardOutput(header);
+
+    std::string pending_;
+    bool endsInLineFeed_ = false;
+};
+
+void printTexts(std::string header, const std::vector<JsonText>& texts) {
+    TextPrinter printer(std::move(header));
+    for (const JsonText& text : texts) {
+        if (&text != &texts.front()) {
+            printer.add("\n\n…\n\n");
+        }
+        text.forEachPiece([&](std::string_view piece) { printer.add(piece); });
+    }
+    printer.finish();
 }
 
 } // namespace
@@ -93,15 +119,12 @@ void printNodeText(const std::string& path, std::string_view verb, const std::st
         }
         std::string header = nodeHeaderLine(node);
         header += header.empty() ? "" : "\n\n";
-        std::vector<std::string_view> text = extractReadText(node.object("read"));
-        if (text.empty()) {
+        const std::vector<JsonText> texts = readTexts(node.object("read"));
+        if (texts.empty()) {
             platform::writeStandardOutput({header, reply.data, "\n"});
-            return;
+        } else {
+            printTexts(std::move(header), texts);
         }
-        if (!endsInLineFeed(text)) {
-            text.push_back("\n");
-        }
-        printText(std::move(header), std::move(text));
     });
 }
 

@@ -94,8 +94,9 @@ std::string factLines(const JsonObject& node) {
     if (node.boolean("isContainer") == true) {
         addIfNotEmpty("children", childCountsText(node), Style::plain);
     }
-    addIfNotEmpty("updated", updatedLabel(node), Style::dim);
-    addIfNotEmpty("created", formatDisplayDate(textOrEmpty(node, "originalCreatedAt")), Style::dim);
+    platform::LocalClock clock;
+    addIfNotEmpty("updated", updatedLabel(node, clock), Style::dim);
+    addIfNotEmpty("created", formatDisplayDate(textOrEmpty(node, "originalCreatedAt"), clock), Style::dim);
     addIfNotEmpty("initiated", std::string(textOrEmpty(node, "initiated")), Style::magenta);
     addIfNotEmpty("execution", std::string(textOrEmpty(node, "executionMode")), Style::dim);
     return labelledRowsText(rows);

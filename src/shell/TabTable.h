@@ -2,6 +2,9 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <memory_resource>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,35 +19,32 @@ class TableRows {
 public:
     struct Cell {
         std::string_view text;
-        std::size_t width; ///< In characters.
+        std::uint32_t width; ///< In characters.
         Style style;
     };
+    using Row = std::span<const Cell>;
 
     /// Makes room for so many cells.
-    void reserve(std::size_t cells) { entries_.reserve(cells); }
-    /// A text of more than `limit` characters is cut.
+    void reserve(std::size_t cells) { cells_.reserve(cells); }
+    /// A text of more than `limit` characters is cut. `text` must outlive the rows.
     void add(std::string_view text, Style style = Style::plain, std::size_t limit = std::string_view::npos);
-    void endRow();
+    /// A copy of `text` that lasts as long as the rows.
+    std::string_view keep(std::string_view text);
+    void endRow() { rowEnds_.push_back(cells_.size()); }
 
     /// Of the texts of all cells, in bytes.
-    std::size_t textSize() const { return texts_.size(); }
+    std::size_t textSize() const { return textSize_; }
     std::size_t count() const { return rowEnds_.size(); }
-    std::size_t columnCount(std::size_t row) const { return rowEnds_[row] - rowStart(row); }
-    Cell cell(std::size_t row, std::size_t column) const;
+    Row row(std::size_t index) const {
+        const std::size_t start = index == 0 ? 0 : rowEnds_[index - 1];
+        return Row(cells_).subspan(start, rowEnds_[index] - start);
+    }
 
 private:
-    struct Entry {
-        std::size_t start;
-        std::size_t length;
-        std::size_t width;
-        Style style;
-    };
-
-    std::size_t rowStart(std::size_t row) const { return row == 0 ? 0 : rowEnds_[row - 1]; }
-
-    std::string texts_; ///< Of all cells, one behind the other.
-    std::vector<Entry> entries_;
+    std::vector<Cell> cells_;
     std::vector<std::size_t> rowEnds_;
+    std::pmr::monotonic_buffer_resource kept_;
+    std::size_t textSize_ = 0;
 };
 
 /// The rows with real tabs between their cells and a line feed behind each row. The first row fixes the number of

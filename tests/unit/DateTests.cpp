@@ -39,13 +39,14 @@ TEST_F(DisplayDates, OfTimestampsChooseTimeOrYear) {
         {"Nov 5, 2023, 2:00 AM EST", "Nov  5 02:00"},
         {"Jan 1, 987, 2:05 PM EST", "Jan  1  0987"},
     };
+    platform::LocalClock clock(now);
     for (const auto& [text, shown] : cases) {
-        EXPECT_EQ(formatDisplayDate(text, now), shown) << text;
+        EXPECT_EQ(formatDisplayDate(text, clock), shown) << text;
     }
     for (const char* text : {"", "yesterday", "Feb 30, 2024, 2:05 PM EST", "Mar 7, 2024, 13:05 PM EST",
                              "Mar 7, 2024, 0:05 AM EST", "Mar 7, 2024, 2:60 PM EST", "March 7, 2024, 2:05 PM EST",
                              "Mar 7, 2024, 2:05 PM", "2024-03-07T14:05:00Z", "Mar 7 2024 2:05 PM EST"}) {
-        EXPECT_EQ(formatDisplayDate(text, now), text);
+        EXPECT_EQ(formatDisplayDate(text, clock), text);
     }
 }
 
@@ -72,14 +73,16 @@ TEST_F(DisplayDates, OfInstantsAreEmptyForOtherTexts) {
         {"2024-03-07T19:05:59Zx", ""},
         {"Mar 7, 2024, 2:05 PM PST", ""},
     };
+    platform::LocalClock clock(now);
     for (const auto& [text, shown] : cases) {
-        EXPECT_EQ(formatISODisplayDate(text, now), shown) << text;
+        EXPECT_EQ(formatISODisplayDate(text, clock), shown) << text;
     }
 }
 
 TEST_F(DisplayDates, FollowTheClockThroughItsChanges) {
-    const auto instant = [](int hour, int minute, int day, int month) {
-        return platform::instantOfLocalTime({2024, month, day, hour, minute, 0});
+    platform::LocalClock clock(now);
+    const auto instant = [&](int hour, int minute, int day, int month) {
+        return clock.instantOf({2024, month, day, hour, minute, 0});
     };
     EXPECT_EQ(instant(1, 59, 10, 3), 1'710'053'940);
     EXPECT_EQ(instant(2, 30, 10, 3), 1'710'055'800); // skipped

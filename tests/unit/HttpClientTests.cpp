@@ -254,11 +254,14 @@ TEST(HttpClient, hearsAnAnswerWhileItSends) {
     EXPECT_EQ(heard({refusal}, Ending::close), "413 too much");
     EXPECT_EQ(heard({refusal}, Ending::reset), "413 too much");
     EXPECT_EQ(heard({"HTTP/1.0 413 No\r\n\r\nends with a reset"}, Ending::close), "413 ends with a reset");
+    EXPECT_EQ(heard({ok + "\r\nends with a reset"}, Ending::close), "200 ends with a reset");
+    EXPECT_EQ(heard({ok + "\r\nends with a reset"}, Ending::reset), "200 ends with a reset");
     EXPECT_EQ(heard({"HTTP/1.1 413 ", "Too Large\r\nContent-Le", "ngth: 2\r\n\r\nn", "o"}, Ending::leaveOpen),
               "413 no");
     EXPECT_EQ(heard({proceed + refusal}, Ending::leaveOpen), "413 too much");
     EXPECT_EQ(heard({fourBytes + "done"}, Ending::leaveOpen), "200 done");
     EXPECT_EQ(heard({fourBytes + "done"}, Ending::close), "200 done");
+    EXPECT_EQ(heard({fourBytes + "do"}, Ending::close), "lost");
     EXPECT_EQ(heard({}, Ending::close), "lost");
 }
 

@@ -14,7 +14,8 @@ std::string nested(std::size_t levels) {
     return std::string(levels, '[') + std::string(levels, ']');
 }
 
-JsonObjectDocument object(const std::string& text) {
+/// A document of `text`, which must outlive it.
+JsonObjectDocument object(std::string_view text) {
     auto document = JsonDocument::parseObject(text);
     EXPECT_TRUE(document) << text;
     return document ? *std::move(document) : JsonDocument::parseObject("{}").value();
@@ -32,8 +33,8 @@ std::string problem(std::string_view text) {
 TEST(Json, IsReadStrictly) {
     using namespace std::string_view_literals;
     const std::string padding(40, 'x');
-    for (const std::string& text :
-         {std::string(" null "), std::string("[true,\t-0.5e+3]\r\n"), "\"" + padding + "\\u0000\x7F\"", nested(512)}) {
+    for (const std::string& text : {std::string(" null "), std::string("[true,\t-0.5e+3]\r\n"),
+                                    std::string("[0.01e310, 1e-999]"), "\"" + padding + "\\u0000\x7F\"", nested(512)}) {
         EXPECT_EQ(problem(text), "") << text;
     }
     const std::vector<std::pair<std::string, std::string>> cases{
@@ -53,13 +54,49 @@ TEST(Json, IsReadStrictly) {
         {R"(["\ud800"])", "malformed escape in a text"},
         {R"(["\udc00"])", "malformed escape in a text"},
         {"1e999 ", "a number is too large"},
+        {"1.5e310 ", "a number is too large"},
+        {"1e99999999999999999999 ", "a number is too large"},
+        {std::string(310, '1') + " ", "a number is too large"},
+        {R"(["\u00e"])", "malformed escape in a text"},
+        {R"(["\ud83c\u0041"])", "malformed escape in a text"},
+        {R"(["\ud83cx"])", "malformed escape in a text"},
+        {R"({1:2})", "an object's key is missing"},
+        {R"({"a":1,})", "an object's key is missing"},
+        {"[01]", "a comma or ] is missing in an array"},
+        {"[1.]", "malformed value"},
+        {"[-]", "malformed value"},
+        {"[tru]", "malformed value"},
+        {"{\"a\":\v1}", "malformed value"},
         {"\"" + padding + "\x1F\"", "unescaped control character"},
+        {"\"\t\"", "unescaped control character"},
+        {std::string("\"a\0\""sv), "unescaped control character"},
         {"\"" + padding + "é\xED\xA0\x80\"", "malformed UTF-8"},
         {nested(513), "nested too deeply"},
     };
     for (const auto& [text, words] : cases) {
         EXPECT_EQ(problem(text), "The data is not valid JSON: " + words + ".") << text;
     }
+}
+
+TEST(Json, TextsStayWhereTheyAreUntilTheyAreRead) {
+    const std::string run(3000, 'x');
+    const std::string json =
+        R"({"plain":"p","esc\u0061ped":"\/\b\f\n\r\t\\\u00e9\ud83c\udf31","quoted":"\/\"x","long":")" + run + "\\n" +
+        run + R"(é\n)" + std::string(5000, 'y') + R"(\"","none":"","nonet":null,"two":1,"two":"2"})";
+    const std::string before = json;
+    const JsonObjectDocument document = object(json);
+    const JsonObject root = document.object();
+    EXPECT_EQ(root.text("plain")->data(), json.data() + json.find("\"p\"") + 1);
+    EXPECT_EQ(root.text("escaped"), "/\b\f\n\r\t\\é🌱");
+    EXPECT_EQ(root.text("quoted"), "/\"x");
+    std::vector<std::string> pieces;
+    root.longText("long")->forEachPiece([&](std::string_view piece) { pieces.emplace_back(piece); });
+    EXPECT_THAT(pieces, ElementsAre(run + "\n", run + "é\n", std::string(5000, 'y'), "\""));
+    root.longText("none")->forEachPiece([](std::string_view) { FAIL(); });
+    EXPECT_FALSE(root.longText("nonet") || root.longText("absent"));
+    const auto [two, absent, plain] = root.values({"two", "absent", "plain"});
+    EXPECT_TRUE(two->text() == "2" && !absent && plain->isText());
+    EXPECT_EQ(json, before);
 }
 
 TEST(Json, ObjectsAnswerForTheTypeAsked) {
@@ -100,7 +137,8 @@ TEST(Json, IntegersHaveNoFractionAndFit64Bits) {
         {"-1e19", std::nullopt},
     };
     for (const auto& [number, value] : cases) {
-        EXPECT_EQ(object("{\"n\":" + number + "}").object().integer("n"), value) << number;
+        const std::string text = "{\"n\":" + number + "}";
+        EXPECT_EQ(object(text).object().integer("n"), value) << number;
     }
 }
 

@@ -91,9 +91,9 @@ TEST(SingleLine, FoldsTrimsAndCuts) {
 TEST(TabTable, AlignsByCharactersAndEndsShortRowsEarly) {
     TableRows rows;
     EXPECT_EQ(renderTabTable(rows, 8), "");
-    for (const std::vector<std::string>& row :
-         {std::vector<std::string>{"a", "b", "c"}, {"12345678", " é\t", ""}, {"x"}}) {
-        for (const std::string& text : row) {
+    for (const std::vector<std::string_view>& row :
+         {std::vector<std::string_view>{"a", "b", "c"}, {"12345678", " é\t", ""}, {"x"}}) {
+        for (const std::string_view text : row) {
             rows.add(text);
         }
         rows.endRow();
