@@ -83,7 +83,7 @@ JsonTree treeOf(bool value) {
 }
 
 JsonTree treeOf(int value) {
-    return {std::int64_t{value}};
+    return {platform::JsonNumber{std::to_string(value)}};
 }
 
 JsonTree treeOf(const std::string& text) {

@@ -4,6 +4,8 @@
 #include <charconv>
 #include <cstring>
 
+#include "platform/JsonTree.h"
+
 namespace platform {
 
 namespace {
@@ -70,61 +72,32 @@ std::optional<std::int64_t> integerOf(std::string_view number) {
     return static_cast<double>(integer) == value ? std::optional(integer) : std::nullopt;
 }
 
-template <class Elements, class AppendElement>
-void appendPrettyBlock(std::string& json, char open, char close, const Elements& elements, std::size_t indent,
-                       AppendElement appendElement) {
-    constexpr std::size_t step = 2;
-    json += open;
-    const char* separator = "\n";
-    for (const auto& element : elements) {
-        json += separator;
-        json.append(indent + step, ' ');
-        appendElement(element, indent + step);
-        separator = ",\n";
-    }
-    if (!elements.empty()) {
-        json += '\n';
-        json.append(indent, ' ');
-    }
-    json += close;
-}
-
-void appendPretty(std::string& json, const JsonNode& node, UnescapedTexts& texts, std::size_t indent) {
+JsonTree treeOf(const JsonNode& node, UnescapedTexts& texts) {
     switch (node.kind) {
     case Kind::object: {
-        const JsonObject object(node, texts);
-        appendPrettyBlock(json, '{', '}', object.sortedKeys(), indent, [&](std::string_view key, std::size_t inner) {
-            appendJsonQuoted(json, key);
-            json += ": ";
-            appendPretty(json, *findMember(node, key), texts, inner);
+        JsonTree::Object members;
+        forEachMember(node, [&](std::string_view key, const JsonNode& value) {
+            members.insert_or_assign(std::string(key), treeOf(value, texts));
         });
-        break;
+        return {std::move(members)};
     }
     case Kind::array: {
-        std::vector<const JsonNode*> elements;
-        forEachElement(node, [&](const JsonNode& element) { elements.push_back(&element); });
-        appendPrettyBlock(json, '[', ']', elements, indent, [&](const JsonNode* element, std::size_t inner) {
-            appendPretty(json, *element, texts, inner);
-        });
-        break;
+        JsonTree::Array elements;
+        forEachElement(node, [&](const JsonNode& element) { elements.push_back(treeOf(element, texts)); });
+        return {std::move(elements)};
     }
     case Kind::text:
     case Kind::escapedText:
-        appendJsonQuoted(json, texts.of(node));
-        break;
+        return {std::string(texts.of(node))};
     case Kind::number:
-        json += prettyJsonNumber(textOf(node));
-        break;
+        return {JsonNumber{std::string(textOf(node))}};
     case Kind::yes:
-        json += "true";
-        break;
     case Kind::no:
-        json += "false";
-        break;
+        return {node.kind == Kind::yes};
     case Kind::null:
-        json += "null";
         break;
     }
+    return {};
 }
 
 } // namespace
@@ -222,9 +195,7 @@ std::optional<std::vector<JsonObject>> JsonValue::objects() const {
 }
 
 std::string JsonValue::prettyText() const {
-    std::string json;
-    appendPretty(json, *node_, *texts_, 0);
-    return json;
+    return prettyJson(treeOf(*node_, *texts_));
 }
 
 } // namespace platform

@@ -8,8 +8,9 @@ namespace {
 
 class PrettyPrinter {
 public:
+    void operator()(std::monostate) { json_ += "null"; }
     void operator()(bool value) { json_ += value ? "true" : "false"; }
-    void operator()(std::int64_t value) { json_ += std::to_string(value); }
+    void operator()(const JsonNumber& number) { json_ += prettyJsonNumber(number.text); }
     void operator()(const std::string& text) { appendJsonQuoted(json_, text); }
     void operator()(const JsonTree::Array& elements) {
         appendBlock('[', ']', elements, [this](const JsonTree& element) { append(element); });

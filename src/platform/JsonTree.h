@@ -1,4 +1,4 @@
-// JSON that the program makes for people and other programs to read.
+// JSON for people to read.
 #pragma once
 
 #include <map>
@@ -8,15 +8,20 @@
 
 namespace platform {
 
-/// A JSON value that owns what it holds. Objects keep their keys in ascending byte order; texts are UTF-8.
+struct JsonNumber {
+    std::string text; ///< As it was written.
+};
+
+/// A JSON value that owns what it holds; null unless it is given something. Objects keep their keys in ascending byte
+/// order; texts are UTF-8.
 struct JsonTree {
     using Array = std::vector<JsonTree>;
     using Object = std::map<std::string, JsonTree, std::less<>>;
 
-    std::variant<bool, std::int64_t, std::string, Array, Object> value;
+    std::variant<std::monostate, bool, JsonNumber, std::string, Array, Object> value = {};
 };
 
-/// The value as indented JSON.
+/// The value as indented JSON, with its numbers as `prettyJsonNumber` writes them.
 std::string prettyJson(const JsonTree& tree);
 
 } // namespace platform
