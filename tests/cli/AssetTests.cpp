@@ -62,9 +62,9 @@ TEST_F(AssetDownloads, AreAskedForByUuidOrCanonicalUrl) {
     std::vector<std::string> others{"x", "{" + id + "}", origin, origin + "/", origin + "/v1"};
     for (const char* start :
          {"http://assets.orvane.app/v1/", "HTTPS://assets.orvane.app/v1/", "https://x.assets.orvane.app/v1/",
-          "https://assets.orvane.app.x/v1/", "https://assets.orvane.app:443/v1/", "https://u@assets.orvane.app/v1/",
-          "https:///v1/", "/v1/", "https://assets.orvane.app/", "https://assets.orvane.app/V1/",
-          "https://assets.orvane.app/x/v1/", "https://assets.orvane.app/v1/./"}) {
+          "https://assets.orvane.appv1/", "https://assets.orvane.app.x/v1/", "https://assets.orvane.app:443/v1/",
+          "https://u@assets.orvane.app/v1/", "https:///v1/", "/v1/", "https://assets.orvane.app/",
+          "https://assets.orvane.app/V1/", "https://assets.orvane.app/x/v1/", "https://assets.orvane.app/v1/./"}) {
         others.push_back(start + id);
     }
     for (const char* end : {"x", "/x", "?", "#", "%20"}) {

@@ -245,7 +245,7 @@ TEST(Help, Wrapping) {
         {"one two three", 80, 2, "  one two three"},
         {"one two three", 9, 2, "  one\n  two\n  three"}, // a word needs its blank on the line
         {"one two", 7, 0, "one two"},
-        {"unbreakable word", 4, 1, " unbreakable\n word"},
+        {"unbreakable word\nlonger\na b", 4, 1, " unbreakable\n word\n longer\n a b"},
         {"a\n\nb c", 40, 3, "   a\n\n   b c"},
         {"aa bb\ncc dd ee", 8, 0, "aa bb\ncc dd ee"},
         {"größe größe", 6, 0, "größe\ngröße"},
