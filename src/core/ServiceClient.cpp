@@ -29,11 +29,6 @@ CLIError clientError(const platform::HttpError& error) {
     return CLIError::communicationFailed(error.what());
 }
 
-std::string successfulBody(ServiceReply reply) {
-    failOnErrorStatus(reply);
-    return std::move(reply.data);
-}
-
 std::string errorText(std::string_view data) {
     constexpr std::string_view unknown = "Request failed.";
     if (const auto document = platform::JsonDocument::parseObject(data)) {
@@ -74,20 +69,10 @@ ServiceReply servicePostJSON(std::string path, JsonBody body, std::chrono::secon
     return sendServiceRequest({"POST", std::move(path), std::move(body).finish(), timeout});
 }
 
-std::string servicePutJSON(std::string path, JsonBody body, std::chrono::seconds timeout) {
-    return successfulBody(sendServiceRequest({"PUT", std::move(path), std::move(body).finish(), timeout}));
-}
-
-std::string servicePatchJSON(std::string path, JsonBody body, std::chrono::seconds timeout) {
-    return successfulBody(sendServiceRequest({"PATCH", std::move(path), std::move(body).finish(), timeout}));
-}
-
-std::string serviceDeleteJSON(std::string path, JsonBody body, std::chrono::seconds timeout) {
-    return successfulBody(sendServiceRequest({"DELETE", std::move(path), std::move(body).finish(), timeout}));
-}
-
 std::string serviceDelete(std::string path, std::chrono::seconds timeout) {
-    return successfulBody(sendServiceRequest({.method = "DELETE", .path = std::move(path), .timeout = timeout}));
+    ServiceReply reply = sendServiceRequest({.method = "DELETE", .path = std::move(path), .timeout = timeout});
+    failOnErrorStatus(reply);
+    return std::move(reply.data);
 }
 
 bool isRefusal(const ServiceReply& reply) {

@@ -34,10 +34,7 @@ ServiceReply sendServiceRequest(ServiceRequest request, const platform::BodySink
 ServiceReply serviceGet(std::string path, std::chrono::seconds timeout = standardTimeout);
 ServiceReply servicePostJSON(std::string path, JsonBody body, std::chrono::seconds timeout = standardTimeout);
 
-/// These fail on an error status themselves and give the body. Throw CLIError, or ExitCode behind a reported error.
-std::string servicePutJSON(std::string path, JsonBody body, std::chrono::seconds timeout = standardTimeout);
-std::string servicePatchJSON(std::string path, JsonBody body, std::chrono::seconds timeout = standardTimeout);
-std::string serviceDeleteJSON(std::string path, JsonBody body, std::chrono::seconds timeout = standardTimeout);
+/// Fails on an error status itself and gives the body. Throws CLIError, or ExitCode behind a reported error.
 std::string serviceDelete(std::string path, std::chrono::seconds timeout = standardTimeout);
 
 /// Whether the service refused: an answer of status 400 or above.
