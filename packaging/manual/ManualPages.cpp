@@ -73,8 +73,12 @@ std::string label(const ArgumentInfoV0& input) {
         return italic(input.valueName);
     }
     std::vector<std::string> names;
-    for (const NameInfoV0& name : input.names) {
-        names.push_back(bold(typed(name)));
+    for (const bool wantShort : {true, false}) {
+        for (const NameInfoV0& name : input.names) {
+            if ((name.kind == "short") == wantShort) {
+                names.push_back(bold(typed(name)));
+            }
+        }
     }
     return withValue(platform::joined(names, ", "), input);
 }
