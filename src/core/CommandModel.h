@@ -1,6 +1,8 @@
 // The command framework's vocabulary, as the tool's commands use it.
 #pragma once
 
+#include <array>
+
 #include "ArgumentParser/Argument.h"
 #include "ArgumentParser/CommandExit.h"
 #include "ArgumentParser/FilePath.h"
@@ -31,6 +33,10 @@ using argumentparser::ValidationError;
 /// Has a shell offer these words for an option's value. Any other text is taken all the same.
 inline argumentparser::OptionSettings<std::string> offering(std::vector<std::string_view> words) {
     return {.completion = CompletionKind{CompletionKind::List{std::move(words)}}};
+}
+template <std::size_t count>
+argumentparser::OptionSettings<std::string> offering(const std::array<std::string_view, count>& words) {
+    return offering(std::vector(words.begin(), words.end()));
 }
 
 /// An integer of a command line: as wide as the service's.

@@ -1,7 +1,6 @@
 #include "core/ReportingChecks.h"
 
 #include <algorithm>
-#include <array>
 
 #include "core/CommandModel.h"
 #include "platform/TimeZones.h"
@@ -9,7 +8,6 @@
 namespace orvane {
 
 void validateGranularity(std::string_view text) {
-    constexpr std::array<std::string_view, 5> granularities{"hour", "day", "week", "month", "year"};
     if (std::find(granularities.begin(), granularities.end(), text) == granularities.end()) {
         throw ValidationError{"granularity must be hour, day, week, month, or year."};
     }

@@ -13,8 +13,9 @@ namespace orvane {
 
 namespace {
 
+constexpr std::array<std::string_view, 4> ranges{"7d", "30d", "90d", "12m"};
+
 void validateRange(std::string_view range) {
-    constexpr std::array<std::string_view, 4> ranges{"7d", "30d", "90d", "12m"};
     if (std::find(ranges.begin(), ranges.end(), range) == ranges.end()) {
         throw ValidationError{"range must be 7d, 30d, 90d, or 12m."};
     }
@@ -31,8 +32,8 @@ struct Analytics final : ParsableCommand {
         return {.commandName = "analytics", .abstract = "Print token-usage analytics as JSON."};
     }
 
-    Option<std::string> range{*this, "range", "30d", "Reporting window: 7d, 30d, 90d, or 12m."};
-    Option<std::string> granularity{*this, "granularity", "day", granularityHelp};
+    Option<std::string> range{*this, "range", "30d", "Reporting window: 7d, 30d, 90d, or 12m.", offering(ranges)};
+    Option<std::string> granularity{*this, "granularity", "day", granularityHelp, offering(granularities)};
     Option<std::string> timeZone{*this, "timezone", platform::currentTimeZoneIdentifier(),
                                  "IANA timezone used for reporting periods."};
     Option<std::optional<std::string>> team{

@@ -94,7 +94,7 @@ struct SkillAnalytics final : ParsableCommand {
     OptionalText until{*this, "until", "Last local day of the reporting window, yyyy-mm-dd. Defaults to today."};
     OptionalText timezone{*this, "timezone",
                           "IANA timezone used to interpret --since and --until. Defaults to the device timezone."};
-    Option<std::string> granularity{*this, "granularity", "day", granularityHelp};
+    Option<std::string> granularity{*this, "granularity", "day", granularityHelp, offering(granularities)};
     OptionalText team{*this, "team", "Team ID to report instead of personal usage. Team admin access is required."};
     OptionalText sourceKind{*this, "source-kind", "Restrict to one source kind, e.g. claude_code_chat or codex_chat."};
     OptionalInteger skillLimit{*this, "skill-limit", "Overview only: number of skills to return (max 100)."};

@@ -1,6 +1,7 @@
 // `install`, `uninstall`, `installed` and `refresh`: the skills that the application keeps in the agents' directories
 // on this device.
 #include <algorithm>
+#include <array>
 
 #include "core/Answers.h"
 #include "core/Confirmation.h"
@@ -20,8 +21,10 @@ constexpr std::chrono::seconds materializationTimeout{120};
 constexpr std::chrono::seconds reconciliationTimeout{300};
 constexpr int conflictStatus = 409;
 
+constexpr std::array<std::string_view, 2> agentNames{"claude", "codex"};
+
 void checkAgentName(const std::optional<std::string>& agent) {
-    if (agent && *agent != "claude" && *agent != "codex") {
+    if (agent && std::find(agentNames.begin(), agentNames.end(), *agent) == agentNames.end()) {
         throw ValidationError{"agent must be one of: claude, codex."};
     }
 }
@@ -29,8 +32,8 @@ void checkAgentName(const std::optional<std::string>& agent) {
 /// What `install` and `uninstall` have in common: an item, and the agents that it is for.
 struct SkillInstallation : ParsableCommand {
     Argument<std::string> id{*this, "id", skillItemIdHelp};
-    Option<std::optional<std::string>> agent{*this, "agent",
-                                             "Limit to one agent (claude or codex). Omit for all agents."};
+    Option<std::optional<std::string>> agent{
+        *this, "agent", "Limit to one agent (claude or codex). Omit for all agents.", offering(agentNames)};
 
     /// The body that selects the agents; without any, all of them are meant. Throws ValidationError.
     JsonBody agentSelection() const {
@@ -115,7 +118,8 @@ struct SkillInstalled final : ParsableCommand {
                             "via-bundle source."};
     }
 
-    Option<std::optional<std::string>> agent{*this, "agent", "Limit to one agent (claude or codex)."};
+    Option<std::optional<std::string>> agent{*this, "agent", "Limit to one agent (claude or codex).",
+                                             offering(agentNames)};
 
     void run() const override {
         checkAgentName(agent);

@@ -54,6 +54,9 @@ TEST_F(Completions, AreTheSameInAllShells) {
         CompletionRow{"orvane-cli help ontology space", "space spaces"},
         CompletionRow{"orvane-cli help ontology space ", "create delete get update"},
         CompletionRow{"orvane-cli help ls ", ""},
+        CompletionRow{"orvane-cli analytics --range 3", "30d"},
+        CompletionRow{"orvane-cli skill analytics --granularity d", "day"},
+        CompletionRow{"orvane-cli skill install x --agent c", "claude codex"},
         // Names of files.
         CompletionRow{"orvane-cli sed --old-file ", "a_b.md ls orvane-cli plain.md sub_dir"},
         CompletionRow{"orvane-cli sed --old-file \"a ", "a_b.md"},
