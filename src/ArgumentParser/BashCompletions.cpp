@@ -209,12 +209,8 @@ private:
             std::string operator()(const CompletionKind::CustomDeprecated&) const { return custom(); }
 
             std::string custom() const {
-                std::string words = "---completion ";
-                for (std::size_t i = 1; i < command.path.size(); ++i) {
-                    words += command.path[i] + " ";
-                }
-                return "        " + script.helper("_custom_complete") + " " + words + "-- " +
-                       singleQuoted(input.identifier) + " \"${COMP_CWORD}\"\n";
+                return "        " + script.helper("_custom_complete") + " " +
+                       candidateRequest(command.path, singleQuoted(input.identifier)) + " \"${COMP_CWORD}\"\n";
             }
         };
         return input.isOffered ? std::visit(Kinds{*this, input, command}, input.completion.value) : std::string();

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "ArgumentParser/CustomCompletion.h"
+
 namespace argumentparser {
 
 std::string backslashed(std::string_view text, std::string_view characters) {
@@ -56,6 +58,14 @@ std::string functionName(const std::vector<std::string>& path) {
     }
     std::replace(name.begin(), name.end(), '-', '_');
     return name;
+}
+
+std::string candidateRequest(const std::vector<std::string>& path, std::string_view identifier) {
+    std::string request(customCompletionWord);
+    for (std::size_t i = 1; i < path.size(); ++i) {
+        request += " " + path[i];
+    }
+    return request.append(" -- ").append(identifier);
 }
 
 std::string filledIn(std::string_view text,

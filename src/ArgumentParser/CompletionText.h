@@ -27,6 +27,10 @@ std::string onOneLine(std::string_view text);
 /// The function of the command with these words, the tool's name first: "_my_tool_sub_command".
 std::string functionName(const std::vector<std::string>& path);
 
+/// What a script calls the tool with to ask for candidates of an input of the command with these words. The
+/// identifier is written as the shell wants it.
+std::string candidateRequest(const std::vector<std::string>& path, std::string_view identifier);
+
 /// `text` with each "@key@" replaced by its value.
 std::string filledIn(std::string_view text,
                      std::initializer_list<std::pair<std::string_view, std::string_view>> values);

@@ -196,11 +196,8 @@ private:
                 return "fka " + fishQuoted("(" + call + ")");
             }
             std::string custom() const {
-                std::string call = script.helper("_custom_completion") + " ---completion ";
-                for (std::size_t i = 1; i < command.path.size(); ++i) {
-                    call += command.path[i] + " ";
-                }
-                return "fka " + fishQuoted("(" + call + "-- " + input.identifier + ")");
+                const std::string request = candidateRequest(command.path, input.identifier);
+                return "fka " + fishQuoted("(" + script.helper("_custom_completion") + " " + request + ")");
             }
         };
         return std::visit(Kinds{*this, input, command}, input.completion.value);

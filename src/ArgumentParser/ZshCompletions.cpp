@@ -151,12 +151,8 @@ private:
             std::string operator()(const CompletionKind::CustomDeprecated&) const { return custom(); }
 
             std::string custom() const {
-                std::string words = "---completion ";
-                for (std::size_t i = 1; i < command.path.size(); ++i) {
-                    words += command.path[i] + " ";
-                }
-                return "{" + script.helper("_custom_complete") + " " + words + "-- " + input.identifier +
-                       " \"${current_word_index}\"}";
+                return "{" + script.helper("_custom_complete") + " " +
+                       candidateRequest(command.path, input.identifier) + " \"${current_word_index}\"}";
             }
         };
         return ":" + backslashed(input.valueName, R"(\:)") + ":" +
