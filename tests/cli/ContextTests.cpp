@@ -49,7 +49,6 @@ TEST(Context, ChecksItsInputBeforeItRuns) {
     expectRefused(old, "Must provide either --new-string or --new-string-file.");
     expectRefused("context move abc", "Provide either --to <folder-id> or --unfiled.");
     expectRefused("context move abc --to x --unfiled", "Cannot use both --to and --unfiled.");
-    expectMissing("context rename abc", "--name <name>");
 }
 
 TEST(Context, ChecksItsInputWhileItRuns) {

@@ -29,8 +29,6 @@ TEST(Folder, ChecksItsInput) {
     expectRefused("folder move abc --to X --to-root", oneDestination);
     expectRefused({"folder", "move", "abc", "--to", ""}, "--to must be a folder UUID.");
     expectRefused("folder move " + id + " --to grp_x", "--to must be a folder UUID.");
-    expectMissing("folder create", "--name <name>");
-    expectMissing("folder rename abc", "--name <name>");
     expectFailed("folder --limit 501", {}, "Limit must be 500 or less.");
     expectFailed("folder get abc", {}, "Invalid UUID: abc");
     expectFailed("folder rename abc --name N", {}, "Invalid UUID: abc");

@@ -104,7 +104,6 @@ TEST(Ontology, ChecksBeforeItRuns) {
                   "Use either --inherits-from-type-id or --clear-inheritance, not both.");
     expectRefused("ontology type update x --display-field-id y --clear-display-field",
                   "Use either --display-field-id or --clear-display-field, not both.");
-    expectMissing("ontology field update " + id, "--from-file <from-file>");
 }
 
 TEST(Ontology, ChecksInOrderWhileItRuns) {

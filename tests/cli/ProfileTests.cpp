@@ -50,10 +50,6 @@ TEST(Profile, ChecksItsInput) {
     expectRefused(editText, "Provide either --content or --content-file.");
     expectRefused(with(editText, {"--content", "", "--content-file", "/none"}),
                   "Cannot use both --content and --content-file.");
-    expectMissing("profile add-card --section s", "--fields <fields>");
-    expectMissing("profile update-card --section s --index 0", "--updates <updates>");
-    expectMissing("profile remove-card --section s", "--index <index>");
-    expectMissing("profile edit-field --field f", "--value <value>");
     expectRefused("profile edit", "Unexpected argument 'edit'");
 }
 

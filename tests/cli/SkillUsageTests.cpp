@@ -105,9 +105,9 @@ TEST(SkillAnalytics, ClimbsALadderOfChecks) {
     Words broken = "skill analytics";
     for (auto rung = ladder.rbegin(); rung != ladder.rend(); ++rung) {
         broken = with(broken, rung->refused.front());
-        expectRefused(broken, rung->message, {}, rung->where);
+        expectRefused(broken, rung->message, rung->where);
         for (const Words& options : rung->refused) {
-            expectRefused(with("skill analytics", options), rung->message, {}, rung->where);
+            expectRefused(with("skill analytics", options), rung->message, rung->where);
         }
         for (const Words& options : rung->accepted) {
             const testing::ScopedTrace trace(rung->where.file_name(), static_cast<int>(rung->where.line()), "");

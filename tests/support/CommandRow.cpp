@@ -120,11 +120,10 @@ void expectReplies(const Words& arguments, const std::string& request, const std
     }
 }
 
-void expectRefused(const Words& arguments, const std::string& message, const std::string& input, Location where) {
+void expectRefused(const Words& arguments, const std::string& message, Location where) {
     const HelpScreen& screen = screenOfCommandRunBy(arguments);
-    const std::string help = input.empty() ? "" : "Help:  " + input + "  " + screen.helpOf(input) + "\n";
     expectRow({.arguments = arguments,
-               .err = help + "Error: " + message + "\nUsage: " + screen.usage() + "\n  See '" + screen.command +
+               .err = "Error: " + message + "\nUsage: " + screen.usage() + "\n  See '" + screen.command +
                       " --help' for more information.\n",
                .status = 64,
                .where = where});
@@ -138,10 +137,6 @@ void expectRefusedByRun(const Words& arguments, const std::string& message, cons
                .status = 64,
                .setting = setting,
                .where = where});
-}
-
-void expectMissing(const Words& arguments, const std::string& input, Location where) {
-    expectRefused(arguments, "Missing expected argument '" + input + "'", input, where);
 }
 
 void expectFailed(const Words& arguments, const std::vector<Answer>& answers, const std::string& message,

@@ -87,16 +87,12 @@ void expectReplies(const Words& arguments, const std::string& request, const std
 
 /// Refused before anything was sent: status 64, nothing on standard output, and on standard error exactly
 /// "Error: <message>", the usage line of the command that `arguments` run, as its help screen has it, and where to
-/// read on. With an `input` such as "--name <name>", its help from that screen stands in front.
-void expectRefused(const Words& arguments, const std::string& message, const std::string& input = {},
-                   Location where = Location::current());
+/// read on.
+void expectRefused(const Words& arguments, const std::string& message, Location where = Location::current());
 
 /// The same by a check that is made while the command runs: the usage is the root's.
 void expectRefusedByRun(const Words& arguments, const std::string& message, const ToolSetting& setting = {},
                         Location where = Location::current());
-
-/// Refused because the required `input` is missing.
-void expectMissing(const Words& arguments, const std::string& input, Location where = Location::current());
 
 /// Failed: status 1, exactly "Error: <message>" on standard error, nothing on standard output.
 void expectFailed(const Words& arguments, const std::vector<Answer>& answers, const std::string& message,

@@ -95,20 +95,6 @@ std::vector<std::string> HelpScreen::subcommands(bool onlyDefault) const {
     return words;
 }
 
-std::string HelpScreen::helpOf(const std::string& input) const {
-    std::string help;
-    bool isInHelp = false;
-    for (const std::string& line : linesOf(text)) {
-        const bool isWrapped = line.starts_with("   ");
-        isInHelp = isWrapped ? isInHelp : line == "  " + input || line.starts_with("  " + input + " ");
-        const std::size_t start = line.find_first_not_of(' ', isWrapped ? 0 : std::min(input.size() + 2, line.size()));
-        if (isInHelp && start != std::string::npos) {
-            help += (help.empty() ? "" : " ") + line.substr(start);
-        }
-    }
-    return help.substr(0, help.find(" (values: "));
-}
-
 std::vector<HelpScreen> printedHelpScreens() {
     std::vector<HelpScreen> screens;
     addPrinted(screens, root, {});

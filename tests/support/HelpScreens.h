@@ -14,8 +14,6 @@ struct HelpScreen {
     std::string usage() const;
     /// The words of the commands in the list of subcommands, the default one alone if `onlyDefault`.
     std::vector<std::string> subcommands(bool onlyDefault = false) const;
-    /// What stands beside `input`, such as "--name <name>", on one line and without its "(values: …)".
-    std::string helpOf(const std::string& input) const;
 };
 
 /// Asks the binary for the root's screen and for those of all commands it leads to, depth first.
