@@ -4,6 +4,7 @@
 //   GET /api/nodes?name=N            a page of N nodes; without a name, as many as "limit" says
 //   GET /api/nodes/<id>              a node whose text has as many bytes as the last group of the id says, in decimal
 //   GET /api/nodes/search?q=N        N results with bodies of 5 KB
+//   GET /api/check-in?recentLimit=N  a profile of one card, with as many fields as the least number of N digits says
 //   anything with a body             the body is read and dropped, and a small object answered
 // It serves one request a connection, one connection after another, and says "ready" once it listens.
 #include <charconv>
@@ -117,6 +118,19 @@ std::string searchResults(std::size_t count) {
     return json + R"(],"exhaustive":true})";
 }
 
+std::string checkIn(std::size_t digits) {
+    std::size_t count = 1;
+    for (std::size_t i = 1; i < digits; ++i) {
+        count *= 10;
+    }
+    std::string json = R"({"profile":{"available":true,"sections":[{"name":"people","value":[{)";
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::string number = std::to_string(i);
+        json += (i == 0 ? "\"field_" : ",\"field_") + number + R"(":"value )" + number + "\"";
+    }
+    return json + "}]}]}}";
+}
+
 std::string body(std::string_view method, std::string_view target) {
     if (method != "GET") {
         return R"({"id":"7f1b103c-df15-42b0-aab4-000000000000","contextId":"7f1b103c-df15-42b0-aab4-000000000000",)"
@@ -125,6 +139,9 @@ std::string body(std::string_view method, std::string_view target) {
     const std::string_view path = target.substr(0, target.find('?'));
     if (path == "/api/nodes/search") {
         return searchResults(decimal(queryValue(target, "q")));
+    }
+    if (path == "/api/check-in") {
+        return checkIn(decimal(queryValue(target, "recentLimit")));
     }
     if (path == "/api/nodes") {
         const std::string_view name = queryValue(target, "name");

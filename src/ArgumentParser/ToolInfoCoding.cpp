@@ -183,8 +183,9 @@ private:
     bool read(const char* key, std::map<std::string, std::string>& values) const {
         const std::optional<JsonObject> found = object.object(key);
         if (found) {
-            for (const std::string_view name : found->sortedKeys()) {
-                Reader{*found}.one(std::string(name).c_str(), values[std::string(name)]);
+            for (const auto& member : found->members()) {
+                const std::string name(member.first);
+                Reader{*found}.one(name.c_str(), values[name]);
             }
         }
         return found.has_value();
@@ -226,14 +227,13 @@ Record recordFrom(const JsonObject& object) {
 
 template <>
 CompletionKindV0 recordFrom(const JsonObject& object) {
-    const std::vector<std::string_view> kinds = object.sortedKeys();
+    const auto kinds = object.members();
     if (kinds.size() != 1) {
         throw std::runtime_error("Invalid number of keys found, expected one.");
     }
     CompletionKindV0 completion;
-    completion.kind = kinds.front();
-    const std::optional<JsonObject> fields = object.object(kinds.front());
-    if (fields) {
+    completion.kind = kinds.begin()->first;
+    if (const std::optional<JsonObject> fields = kinds.begin()->second.object()) {
         Reader members{*fields};
         visit(completion, members);
     }

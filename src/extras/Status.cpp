@@ -1,4 +1,6 @@
 // `status`: whether the application is there, and how up to date its library is.
+#include <algorithm>
+
 #include "core/Answers.h"
 #include "core/CommandModel.h"
 #include "core/DisplayDates.h"
@@ -34,12 +36,7 @@ std::string dateValue(const JsonObject& status, std::string_view key) {
 
 /// Whether every value of `object` is a text.
 bool holdsTextsOnly(const JsonObject& object) {
-    for (const std::string_view key : object.sortedKeys()) {
-        if (!object.text(key)) {
-            return false;
-        }
-    }
-    return true;
+    return std::ranges::all_of(object.members(), [](const auto& member) { return member.second.isText(); });
 }
 
 std::vector<LabelledRow> statusRows(const JsonObject& status) {

@@ -25,12 +25,27 @@ std::string headingForm(std::string_view key) {
     return platform::capitalized(words);
 }
 
+/// A text that is made of lines.
+class Lines {
+public:
+    /// Adds one line, whatever line ends are in the names and values of others that it is made of.
+    void addLine(std::string_view line) { addText(foldedLine(line)); }
+
+    /// Adds a text with the lines that it has.
+    void addText(std::string_view text) { text_.append(text_.empty() ? "" : "\n").append(text); }
+
+    std::string finish() && { return std::move(text_); }
+
+private:
+    std::string text_;
+};
+
 /// "- Field: value; Field: value"; empty for a card without texts.
 std::string cardLine(const JsonObject& card) {
     std::string line;
-    for (const std::string_view key : card.sortedKeys()) {
-        if (const auto value = card.text(key); value && !value->empty()) {
-            line += (line.empty() ? "- " : "; ") + headingForm(key) + ": " + std::string(*value);
+    for (const auto& [key, value] : card.members()) {
+        if (const auto text = value.text(); text && !text->empty()) {
+            line.append(line.empty() ? "- " : "; ").append(headingForm(key)).append(": ").append(*text);
         }
     }
     return line;
@@ -44,16 +59,16 @@ std::string sectionText(const JsonValue& value) {
     if (!cards) {
         return value.prettyText();
     }
-    std::vector<std::string> lines;
+    Lines lines;
     for (const JsonObject& card : *cards) {
-        if (std::string line = cardLine(card); !line.empty()) {
-            lines.push_back(std::move(line));
+        if (const std::string line = cardLine(card); !line.empty()) {
+            lines.addLine(line);
         }
     }
-    return platform::joined(lines, "\n");
+    return std::move(lines).finish();
 }
 
-void appendProfile(std::vector<std::string>& lines, const JsonObject& checkIn) {
+void addProfile(Lines& lines, const JsonObject& checkIn) {
     const auto profile = checkIn.object("profile");
     if (!profile || profile->boolean("available") != true) {
         return;
@@ -62,41 +77,40 @@ void appendProfile(std::vector<std::string>& lines, const JsonObject& checkIn) {
     if (!sections || sections->empty()) {
         return;
     }
-    lines.insert(lines.end(), {"", "## Profile"});
+    lines.addText("\n## Profile");
     for (const JsonObject& section : *sections) {
         const auto name = section.text("name");
         const auto value = section.value("value");
         if (!name || !value) {
             continue;
         }
-        if (std::string text = sectionText(*value); !text.empty()) {
-            lines.push_back("### " + headingForm(*name));
-            lines.push_back(std::move(text));
+        if (const std::string text = sectionText(*value); !text.empty()) {
+            lines.addLine("### " + headingForm(*name));
+            lines.addText(text);
         }
     }
 }
 
-void appendRecentActivity(std::vector<std::string>& lines, const JsonObject& checkIn) {
+void addRecentActivity(Lines& lines, const JsonObject& checkIn) {
     const auto activity = checkIn.object("recentActivity");
     const auto documents = activity ? activity->objects("documents") : std::nullopt;
     if (!documents || documents->empty()) {
         return;
     }
-    lines.insert(lines.end(), {"", "## Recent Activity"});
+    lines.addText("\n## Recent Activity");
     for (const JsonObject& document : *documents) {
-        const auto foldedText = [&](std::string_view key, std::string_view otherwise) {
-            return foldedLine(document.text(key).value_or(otherwise));
-        };
-        std::string line = "- " + foldedText("name", "Untitled") + " [" + foldedText("kind", "unknown") + "]";
-        if (const std::string timestamp = foldedText("displayTimestamp", ""); !timestamp.empty()) {
-            line += " updated " + timestamp;
+        std::string line = "- ";
+        line.append(document.text("name").value_or("Untitled"));
+        line.append(" [").append(document.text("kind").value_or("unknown")).append("]");
+        if (const auto timestamp = document.text("displayTimestamp"); timestamp && !timestamp->empty()) {
+            line.append(" updated ").append(*timestamp);
         }
         if (const auto id = document.text("id")) {
-            line += " id: " + foldedLine(*id);
+            line.append(" id: ").append(*id);
         }
-        lines.push_back(std::move(line));
-        if (const std::string label = foldedText("label", ""); !label.empty()) {
-            lines.push_back("  " + label);
+        lines.addLine(line);
+        if (const auto label = document.text("label"); label && !label->empty()) {
+            lines.addLine("  " + std::string(*label));
         }
     }
 }
@@ -104,10 +118,13 @@ void appendRecentActivity(std::vector<std::string>& lines, const JsonObject& che
 } // namespace
 
 std::string checkInBriefing(const JsonObject& checkIn) {
-    std::vector<std::string> lines{"--- ORVANE BRIEFING (auto-injected) ---"};
-    appendProfile(lines, checkIn);
-    appendRecentActivity(lines, checkIn);
-    return lines.size() == 1 ? std::string() : platform::joined(lines, "\n");
+    constexpr std::string_view header = "--- ORVANE BRIEFING (auto-injected) ---";
+    Lines lines;
+    lines.addText(header);
+    addProfile(lines, checkIn);
+    addRecentActivity(lines, checkIn);
+    std::string briefing = std::move(lines).finish();
+    return briefing.size() == header.size() ? std::string() : briefing;
 }
 
 } // namespace orvane

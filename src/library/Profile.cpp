@@ -46,8 +46,8 @@ JsonBody objectOfTexts(std::string_view json, const std::string& message) {
         throw CLIError::invalidInput(message);
     }
     JsonBody object;
-    for (const std::string_view key : document->object().sortedKeys()) {
-        const auto text = document->object().text(key);
+    for (const auto& [key, value] : document->object().members()) {
+        const auto text = value.text();
         if (!text) {
             throw CLIError::invalidInput(message);
         }

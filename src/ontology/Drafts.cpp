@@ -32,7 +32,7 @@ OntologyDraft readOntologyJSONObject(const FilePath& path, std::string_view labe
     if (!document) {
         throw CLIError::invalidInput(std::string(label) + " must contain one JSON object.");
     }
-    const bool isEmpty = document->object().sortedKeys().empty();
+    const bool isEmpty = document->object().members().empty();
     return {std::move(json), isEmpty};
 }
 

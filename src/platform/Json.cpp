@@ -165,12 +165,12 @@ void JsonObject::findValues(const std::string_view* keys, std::optional<JsonValu
     });
 }
 
-std::vector<std::string_view> JsonObject::sortedKeys() const {
-    std::vector<std::string_view> keys;
-    forEachMember(*node_, [&](std::string_view key, const JsonNode&) { keys.push_back(key); });
-    std::sort(keys.begin(), keys.end());
-    keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
-    return keys;
+std::map<std::string_view, JsonValue> JsonObject::members() const {
+    std::map<std::string_view, JsonValue> members;
+    forEachMember(*node_, [&](std::string_view key, const JsonNode& value) {
+        members.insert_or_assign(key, JsonValue(value, *texts_));
+    });
+    return members;
 }
 
 std::optional<std::string_view> JsonValue::text() const {

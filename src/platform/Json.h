@@ -5,6 +5,7 @@
 #include <concepts>
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <memory_resource>
 #include <optional>
@@ -75,8 +76,8 @@ public:
     /// The values of several keys in their order, found in one pass.
     template <std::size_t count>
     std::array<std::optional<JsonValue>, count> values(const std::string_view (&keys)[count]) const;
-    /// The keys in ascending byte order, each once.
-    std::vector<std::string_view> sortedKeys() const;
+    /// The members in ascending byte order of their keys.
+    std::map<std::string_view, JsonValue> members() const;
 
 private:
     void findValues(const std::string_view* keys, std::optional<JsonValue>* values, std::size_t count) const;

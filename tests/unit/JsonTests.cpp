@@ -119,7 +119,12 @@ TEST(Json, ObjectsAnswerForTheTypeAsked) {
     EXPECT_FALSE(root.objects("mixed") || root.objects("o") || root.object("os") || root.text("null") ||
                  root.boolean("t") || root.integer("yes") || root.value("a"));
     EXPECT_TRUE(root.value("null"));
-    EXPECT_THAT(root.sortedKeys(), ElementsAre("deep", "mixed", "no", "none", "null", "o", "os", "t", "t2", "yes"));
+    std::vector<std::string_view> keys;
+    for (const auto& member : root.members()) {
+        keys.push_back(member.first);
+    }
+    EXPECT_THAT(keys, ElementsAre("deep", "mixed", "no", "none", "null", "o", "os", "t", "t2", "yes"));
+    EXPECT_EQ(object(R"({"b":0,"a":"1","b":"2"})").object().members().rbegin()->second.text(), "2");
     EXPECT_FALSE(JsonDocument::parseObject("[{}]") || JsonDocument::parseObject(" ") ||
                  JsonDocument::parseObject("{} 1"));
 }
