@@ -7,7 +7,7 @@
 namespace orvane {
 
 void printReportLine(std::string_view text) {
-    platform::writeStandardOutput({shownLine(foldedLine(text)), "\n"});
+    platform::writeStandardOutput({shownLine(text), "\n"});
 }
 
 void printMutationLine(const MutationLine& line) {

@@ -1,5 +1,6 @@
 #include "core/Style.h"
 
+#include "core/SingleLine.h"
 #include "platform/Streams.h"
 #include "platform/TerminalText.h"
 
@@ -52,7 +53,8 @@ std::string ansiStyled(std::string_view text, Style style) {
 }
 
 std::string shownLine(std::string_view text) {
-    return stdoutIsTerminal() ? platform::terminalLine(text) : std::string(text);
+    std::string line = foldedLine(text);
+    return stdoutIsTerminal() ? platform::terminalLine(line) : line;
 }
 
 std::string shownText(std::string_view text) {

@@ -17,7 +17,8 @@ std::string withStyle(std::string_view text, Style style);
 /// `shownLine` in a style, which only a terminal gets.
 std::string ansiStyled(std::string_view text, Style style);
 
-/// `text`, a piece of a line, for standard output: harmless at a terminal, else as it is.
+/// `text`, a piece of a line, for standard output: folded, so that nothing in it can pass for a line of its own, and
+/// harmless at a terminal. Whatever others wrote gets on a line through here.
 std::string shownLine(std::string_view text);
 
 /// `text`, whose line feeds and tabs are part of its layout, for standard output: harmless at a terminal, else as it

@@ -37,6 +37,7 @@ TEST(Grep, ChecksItsInputInOrder) {
 }
 
 TEST(Grep, ShowsEachResultAsABlock) {
+    const std::string hundred(100, 't');
     expectResults({
         Reply(R"({"results":[
                       {"nodeId":"n","title":"T\nt","threadId":"th","sliceId":"s","modality":"chat","body":"one\n\ntwo",
@@ -51,6 +52,8 @@ TEST(Grep, ShowsEachResultAsABlock) {
               "    initiated: human · executionMode: cloud\n    one\n    \n    two\n\n"
               "d2    N2\n    sliceId: s2 · modality: null\n    executionMode: local\n    a\n    b\n    \n\n"
               "d3    me  \n    \n\n"),
+        Reply(R"({"results":[{"title":")" + hundred + R"("},{"title":")" + hundred + R"(x"}]})",
+              "    me  " + hundred + "\n    \n\n    me  " + hundred.substr(1) + "…\n    \n\n"),
         Reply(R"({"results":[1]})", "{\"results\":[1]}\n"),
         Reply("{}", "{}\n"),
     });

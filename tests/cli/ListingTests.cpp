@@ -83,6 +83,8 @@ TEST(Listing, LaysOutTheColumnsThatThePageNeeds) {
              "12345678\tme\t\t\t\t\t\t\t1\tt1\t\n"
              "k\t\tme\tsomeone\t\t\tcloud\t\t\t\t\t\n",
              "41-42"),
+        page(R"({"nodes":[{"executionMode":"cloud"}]})",
+             "kind\towner\tinitiated\texecution\tupdated\tid\tname\n\tme\t\t\tcloud\t\t\t\t\n", "41-41"),
     });
     expectPages({page(R"({"nodes":[{"kind":"k","id":"1","name":"n","sourceOwner":{"email":"e"}}]})",
                       "\x1B[1mkind\x1B[0m\t\x1B[1mowner\x1B[0m\t\x1B[1mupdated\x1B[0m\t\x1B[1mid\x1B[0m\t"
@@ -121,6 +123,7 @@ TEST(Listing, ShowsWithWhomANodeIsShared) {
         {R"({"teamName":"A team with a name that is long"},{"audience":"user"},{"audience":"user"})",
          "A team with a name that is long +2"},
         {R"({"audience":"admins","teamName":"Ops"},{"audience":"all"})", "Ops admins, team"},
+        {R"({"teamName":"Engineering"},{"teamName":"Designs"})", "Engineering, Designs"},
     };
     for (const auto& [grants, label] : cases) {
         ScriptedService service({answer(R"({"nodes":[{"sharedWith":[)" + grants + "]}]}")});
