@@ -9,7 +9,8 @@
 
 namespace orvane {
 
-/// Writes `data` byte for byte and one line feed to standard output.
+/// Writes `data` and one line feed to standard output, byte for byte, and at a terminal in a form that is harmless:
+/// the same JSON, or shown as text.
 void printRawResponse(std::string_view data);
 
 /// What an empty answer that is passed on becomes.

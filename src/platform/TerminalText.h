@@ -14,4 +14,8 @@ std::string terminalText(std::string_view text);
 /// The same for a piece of a line: line feeds and tabs are written out as well.
 std::string terminalLine(std::string_view text);
 
+/// The same for JSON or a piece of it, which stays the same JSON: in its texts such as "\u202e" is written in place of
+/// the character, and a carriage return, which can only stand between its values, becomes a blank.
+std::string terminalJson(std::string_view json);
+
 } // namespace platform

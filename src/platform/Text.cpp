@@ -259,6 +259,22 @@ bool isValidUtf8(std::string_view bytes) {
     return true;
 }
 
+std::size_t uncutLength(std::string_view bytes) {
+    constexpr std::size_t longest = 4;
+    const std::size_t earliest = bytes.size() - std::min(bytes.size(), longest - 1);
+    for (std::size_t start = bytes.size(); start-- > earliest;) {
+        const auto byte = static_cast<unsigned char>(bytes[start]);
+        const std::size_t length = byte >= 0xF0 ? 4 : byte >= 0xE0 ? 3 : byte >= 0xC0 ? 2 : 1;
+        if (length > bytes.size() - start) {
+            return start;
+        }
+        if (byte < 0x80 || byte >= 0xC0) {
+            break;
+        }
+    }
+    return bytes.size();
+}
+
 std::string repairedUtf8(std::string_view bytes) {
     std::string result;
     result.reserve(bytes.size());

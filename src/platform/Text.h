@@ -37,6 +37,9 @@ std::string_view trimmedAtEnd(std::string_view text);
 
 bool isValidUtf8(std::string_view bytes);
 
+/// How many of `bytes` stand before a character's sequence that their end may have cut in two.
+std::size_t uncutLength(std::string_view bytes);
+
 /// `bytes` with every malformed sequence replaced by U+FFFD.
 std::string repairedUtf8(std::string_view bytes);
 

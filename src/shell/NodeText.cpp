@@ -121,7 +121,8 @@ void printNodeText(const std::string& path, std::string_view verb, const std::st
         header += header.empty() ? "" : "\n\n";
         const std::vector<JsonText> texts = readTexts(node.object("read"));
         if (texts.empty()) {
-            platform::writeStandardOutput({header, reply.data, "\n"});
+            platform::writeStandardOutput(header);
+            printRawResponse(reply.data);
         } else {
             printTexts(std::move(header), texts);
         }

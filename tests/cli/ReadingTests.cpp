@@ -53,8 +53,12 @@ TEST(Reading, RefusesADirectoryBeforeAnythingIsPrinted) {
     expectFailed("head " + id, {answer(R"({"isContainer":true,"kind":"orvane_context"})")},
                  "head: " + id + ": is a directory (kind orvane_context)" + hint);
     expectFailed("tail " + id, {answer(R"({"isContainer":true,"name":"N"})")}, "tail: N: is a directory" + hint);
-    expectFailed("cat " + id, {answer(R"({"isContainer":"no","kind":"obsidian_vault","name":"N"})")},
-                 "cat: N: is a directory (kind obsidian_vault)" + hint);
+    for (const std::string kind : {"chatgpt_project", "integration_root", "obsidian_vault", "obsidian_folder",
+                                   "apple_notes_folder", "local_folder", "sharepoint_site", "sharepoint_folder",
+                                   "granola_folder", "read_ai_folder", "orvane_folder"}) {
+        expectFailed("cat " + id, {answer(R"({"isContainer":"no","name":"N","kind":")" + kind + "\"}")},
+                     "cat: N: is a directory (kind " + kind + ")" + hint);
+    }
     expectFailed("cat " + id, {answer(R"({"isContainer":true,"name":"N\r\n\tM\u0000x","kind":"k\n\u0000l\tm\rn"})")},
                  std::string("cat: N   M\0x: is a directory (kind k \0l m n)", 44) + hint);
 }
@@ -66,7 +70,7 @@ TEST(Reading, ShowsAHeaderAtATerminal) {
                       R"(","sourceOwner":{"email":"e"},"updatedAt":"Mar 7, 2024, 2:05 PM X","read":{"content":"a"}})",
                   "\x1B[36mab\x1B[0m  \x1B[2mk\x1B[0m  \x1B[32me\x1B[0m  \x1B[2mMar  7  2024\x1B[0m  \x1B[1m" +
                       std::string(99, 'n') + "…\x1B[0m\n\na\n"),
-            Reply(R"({"read":1})", "\x1B[32mme\x1B[0m\n\n{\"read\":1}\n"),
+            Reply("{\"read\":\"\x7F\"}", "\x1B[32mme\x1B[0m\n\n{\"read\":\"\\u007f\"}\n"),
         },
         Output::terminal());
 }

@@ -1,4 +1,5 @@
-// What the service's texts become on a person's terminal, and that they stay as they are anywhere else.
+// What the service's texts become on a person's terminal, that they stay as they are anywhere else, and that a field
+// stays on its line in both places.
 #include <algorithm>
 #include <array>
 #include <regex>
@@ -23,7 +24,12 @@ const std::array hidden{
     Hidden{'~', R"(\u001b)", "\x1B", "^["},
     Hidden{'!', R"(\r)", "\r", "^M"},
     // A line end and a tab, where the text has to stay in its line.
-    Hidden{'%', R"(\r\n\t)", "\r\n\t", "^M^J^I"},
+    Hidden{'%', R"(\r\n\t)", "   ", "   "},
+    // Inside JSON, and between its values.
+    Hidden{'$', "\x7F\u009B\u202E", "\x7F\u009B\u202E", R"(\u007f\u009b\u202e)"},
+    Hidden{'|', "\r", "\r", " "},
+    // The beginning of a character alone.
+    Hidden{'=', "", "\xE2", "\uFFFD"},
 };
 
 std::string filled(const std::string& pattern, std::string Hidden::*form) {
@@ -39,7 +45,7 @@ Answer reply(const std::string& pattern, int status = 200) {
     return answer(status, filled(pattern, &Hidden::json));
 }
 
-/// A run whose output is the same but for what hides: byte for byte in pipes, and shown at a terminal.
+/// A run whose output is the same but for what hides: as it came in pipes, and shown at a terminal.
 void expectShown(const Words& arguments, const std::vector<Answer>& answers, const std::string& out,
                  const std::string& err = {}, Location where = Location::current()) {
     for (const bool isTerminal : {false, true}) {
@@ -59,12 +65,12 @@ void expectShown(const Words& arguments, const std::vector<Answer>& answers, con
 }
 
 TEST(Terminal, ShowsWhatWouldSteerIt) {
-    expectShown("status", {reply(R"({"status":"@%","version":"@","build_number":"@","user":{"name":"@","email":"@"},
-                          "lastIngestionAt":"@","deployment":{"name":"@%"}})")},
-                "status      @%\nversion     @ (build @)\nuser        @ · @\ningested    @\ndeployment  @%\n"
+    expectShown("status", {reply(R"({"status":"@%","version":"@%","build_number":"%@","user":{"name":"@%","email":"@%"},
+                          "lastIngestionAt":"@%","deployment":{"name":"@%"}})")},
+                "status      @%\nversion     @% (build %@)\nuser        @% · @%\ningested    @%\ndeployment  @%\n"
                 "synced      never\n");
-    expectShown("whoami", {reply(R"({"name":"@%","email":"@","id":"@","teams":[{"name":"@"},{"name":"%"}]})")},
-                "name   @%\nemail  @\nuser   @\nteams  @, %\n");
+    expectShown("whoami", {reply(R"({"name":"@%","email":"@%","id":"%@","teams":[{"name":"@"},{"name":"%"}]})")},
+                "name   @%\nemail  @%\nuser   %@\nteams  @, %\n");
     expectShown("ls", {reply(R"({"nodes":[{"kind":"k~","id":"i~","name":"@","threadId":"t~","initiated":"h~",
                                   "executionMode":"l~","updatedAt":"u~","sourceOwner":{"email":"o~"},
                                   "sharedWith":[{"teamName":"s~"}]}]})")},
@@ -74,34 +80,53 @@ TEST(Terminal, ShowsWhatWouldSteerIt) {
     expectShown("find " + id, {reply(R"({"nodes":[{"name":"@"}]})")}, "kind\towner\tupdated\tid\tname\n\tme\t\t\t@\n",
                 "orvane find: showing 1-1\n");
     expectShown("stat " + id,
-                {reply(R"({"id":"@%","name":"@","kind":"@%","sourceOwner":{"email":"@%"},"originalUpdatedAt":"@",
-                          "originalCreatedAt":"@","initiated":"@","executionMode":"%"})")},
-                "@  @%  @%  ← here\n\nowner      @%\ntype       @%\nupdated    @\ncreated    @\ninitiated  @\n"
+                {reply(R"({"id":"@%","name":"@","kind":"@%","sourceOwner":{"email":"@%"},"originalUpdatedAt":"%@",
+                          "originalCreatedAt":"@%","initiated":"@%","executionMode":"%"})")},
+                "@  @%  @%  ← here\n\nowner      @%\ntype       @%\nupdated    %@\ncreated    @%\ninitiated  @%\n"
                 "execution  %\n");
-    expectShown("grep x", {reply(R"({"results":[{"nodeId":"@%","title":"@","threadId":"@","sliceId":"%","modality":"@",
-                          "body":"@%b","document":{"kind":"@","sourceOwner":{"email":"@"},"initiated":"@"}}],
+    expectShown("grep x",
+                {reply(R"({"results":[{"nodeId":"@%","title":"@","threadId":"@%","sliceId":"%","modality":"@%",
+                          "body":"@\r\n\tb","document":{"kind":"@%","sourceOwner":{"email":"@%"},"initiated":"@%",
+                          "executionMode":"%@"}}],
                           "nextPageToken":"@%"})")},
-                "@%  @  @  @\n    threadId: @\n    sliceId: % · modality: @\n    initiated: @\n    @!\n    \tb\n\n"
+                "@%  @%  @%  @\n    threadId: @%\n    sliceId: % · modality: @%\n"
+                "    initiated: @% · executionMode: %@\n    @!\n    \tb\n\n"
                 "Next page: repeat with --page-token '@%' and the same parameters.\n");
     expectShown("mkdir N", {reply(R"({"name":"@","id":"@%"})")}, "created folder \"@\"  @%\n");
     expectShown("mv " + id + " --to " + id, {reply(R"({"kind":"orvane_context"})"), reply(R"({"folderId":"@%"})")},
                 "moved context  → folder @%\n");
-    expectShown("delete " + id, {reply(R"({"message":"@%b"})"), reply(R"({"name":"@","transcriptId":"%"})")},
+    expectShown("delete " + id, {reply(R"({"message":"@\r\n\tb"})"), reply(R"({"name":"@","transcriptId":"%"})")},
                 "@!\n\tb\nContinue? [y/N] deleted chat \"@\"  %\n");
     expectShown("skill install " + id,
-                {reply(R"({"error":"name_conflict","confirmationRequired":true,"message":"@%b"})", 409),
+                {reply(R"({"error":"name_conflict","confirmationRequired":true,"message":"@\r\n\tb"})", 409),
                  reply(R"({"kind":"@","name":"@%","agents":["@","%"]})")},
-                "@!\n\tb\nReplace all and continue? [y/N] installed @ @    → @,    \n");
+                "@!\n\tb\nReplace all and continue? [y/N] installed @ @% → @, %\n");
     expectShown("skill file mkdir " + id + " p",
                 {reply(R"({"path":"@%","packageHash":"~","validationStatus":"valid"})")},
-                "created @    — package ~, valid\n");
-    expectShown("skill file cat " + id, {reply(R"({"text":"@%b"})")}, "@!\n\tb\n");
-    expectShown("skill validate " + id, {reply(R"({"validationStatus":"@%"})")}, "@   \n");
-    expectShown("skill suggestion ls", {answer(400, "\x1B\u202E")}, "", "\x1B\u202E\n");
+                "created @% — package ~, valid\n");
+    expectShown("skill file cat " + id, {reply(R"({"text":"@\r\n\tb"})")}, "@!\n\tb\n");
+    expectShown("skill validate " + id, {reply(R"({"validationStatus":"@%"})")}, "@%\n");
+    expectShown("skill suggestion ls", {answer(400, filled("@", &Hidden::bytes))}, "", "@\n");
+    expectShown("skill suggestion ls", {reply(R"({"e":"$"}|)", 400)}, "", "{\"e\":\"$\"}|\n");
     expectShown("status", {reply(R"({"message":"@!"})", 400)}, "", "error: @!\n");
     expectShown("mv " + id + " --unfiled", {reply(R"({"kind":"@"})")}, "",
                 "Error: Nodes of kind '@' cannot be moved or renamed.\n");
-    expectShown("search x", {answer("{\"a\":\"\x1B\x7F\u202E\"}")}, "{\"a\":\"\x1B\x7F\u202E\"}\n");
+    expectShown("search x", {answer(filled("{\"a\":\"@!\"}", &Hidden::bytes))}, "{\"a\":\"@!\"}\n");
+    expectShown("search x", {reply("[|\n\t\"$\"]")}, "[|\n\t\"$\"]\n");
+    expectShown("status", {reply("\"$\"")}, "\"$\"\n");
+}
+
+TEST(Terminal, ShowsWhatComesInPieces) {
+    // Of each size that is received at once, two ends in three cut a character.
+    std::string text;
+    while (text.size() <= std::size_t{4} << 20U) {
+        text += "€€€€€€€€€€€€€€€€€€€€€€€€€€€€€€€€";
+    }
+    for (const auto& [start, end] : {std::pair(" [\"", "$\"]|"), std::pair("", "@!=")}) {
+        const ScriptedService service({answer(start + text + filled(end, &Hidden::bytes))});
+        const ToolResult result = runTool({"ls", "--json"}, {.out = Output::terminal()});
+        EXPECT_TRUE(result.out == start + text + filled(end, &Hidden::shown) + "\n") << result.out.substr(text.size());
+    }
 }
 
 TEST(Terminal, AlignsWhatIsShown) {
@@ -116,7 +141,7 @@ TEST(Terminal, AlignsWhatIsShown) {
 
 TEST(Terminal, KeepsLinesAndTabsOfANodesText) {
     const std::string text = R"({"kind":"@%","sourceOwner":{"email":"@"},"updatedAt":"@","name":"@",
-                                "read":{"content":"@%b\u0000 👩‍🌾"}})";
+                                "read":{"content":"@\r\n\tb\u0000 👩‍🌾"}})";
     const std::string header = "\x1B[2m@%\x1B[0m  \x1B[32m@\x1B[0m  \x1B[2m@\x1B[0m  \x1B[1m@\x1B[0m\n\n";
     const std::string shown = filled(header + "@!\n\tb", &Hidden::shown) + "^@ 👩‍🌾\n";
     const std::string piped = filled("@!\n\tb", &Hidden::bytes) + '\0' + " 👩‍🌾\n";

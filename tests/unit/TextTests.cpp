@@ -77,6 +77,7 @@ TEST(TerminalText, ShowsWhatWouldSteerATerminal) {
         EXPECT_EQ(terminalText(plain + text + plain), plain + shown + plain);
     }
     EXPECT_EQ(terminalText("a\n\tb"), "a\n\tb");
+    EXPECT_EQ(terminalJson("[\r\n\t\"\x7F\u009B\u202E\uFF76\"]\x1B"), "[ \n\t\"\\u007f\\u009b\\u202e\uFF76\"]^[");
     EXPECT_EQ(terminalLine("a\n\tb"), "a^J^Ib");
 }
 
