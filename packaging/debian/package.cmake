@@ -1,9 +1,13 @@
 # The Debian package, which `cpack` makes. A static tool needs nothing but the zone database.
+set(ORVANE_MAINTAINER "Orvane CLI maintainers <maintainers@orvane.example>"
+  CACHE STRING "Who maintains the Debian package, with an address for mail")
+
 set(changelog "${CMAKE_CURRENT_BINARY_DIR}/changelog.gz")
+configure_file(debian/changelog.in changelog @ONLY)
 add_custom_command(
   OUTPUT "${changelog}"
-  COMMAND gzip --best --no-name --stdout "${CMAKE_CURRENT_SOURCE_DIR}/debian/changelog" > "${changelog}"
-  DEPENDS debian/changelog
+  COMMAND gzip --best --no-name --stdout "${CMAKE_CURRENT_BINARY_DIR}/changelog" > "${changelog}"
+  DEPENDS "${CMAKE_CURRENT_BINARY_DIR}/changelog"
   VERBATIM)
 add_custom_target(debian_changelog ALL DEPENDS "${changelog}")
 
@@ -19,7 +23,7 @@ set(CPACK_INSTALL_CMAKE_PROJECTS
   "${CMAKE_BINARY_DIR}" orvane-cli tool /
   "${CMAKE_BINARY_DIR}" orvane-cli debian /)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PACKAGE_MAINTAINER "Orvane CLI maintainers <cli@orvane.app>")
+set(CPACK_DEBIAN_PACKAGE_MAINTAINER "${ORVANE_MAINTAINER}")
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS tzdata)
 if(NOT ORVANE_STATIC)
