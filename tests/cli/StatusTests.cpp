@@ -40,9 +40,9 @@ TEST(WhoAmICommand, RendersWhatTheAnswerHolds) {
     expectReplies(
         {"whoami"}, "GET /api/whoami",
         {
-            Reply(R"({"name":"Ünal","email":"u@x.org","id":"u1","teams":[{"name":"A"},{},{"name":"B"}],
+            Reply(R"({"name":"Ünal","email":"u@x.example","id":"u1","teams":[{"name":"A"},{},{"name":"B"}],
                       "cloudSyncEnabled":false,"authenticated":true})",
-                  "name   Ünal\nemail  u@x.org\nuser   u1\nteams  A, B\nsync   off\n"),
+                  "name   Ünal\nemail  u@x.example\nuser   u1\nteams  A, B\nsync   off\n"),
             Reply(R"({"name":"","email":7,"id":"u1","teams":[],"cloudSyncEnabled":true})", "user  u1\nsync  on\n"),
             Reply(R"({"teams":[{}]})", "teams  \n"),
             Reply(R"({"teams":[{"name":"A"},1],"id":"u"})", "user  u\n"),
