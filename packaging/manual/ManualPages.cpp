@@ -151,8 +151,9 @@ std::string pageText(const CommandInfoV0& group, const std::vector<const Command
             commands += commandSection(command, group);
         }
     }
-    // Neither words nor blanks are stretched: what is typed looks like what is shown.
-    const std::string layout = ".nh\n.ad l\n";
+    // Neither words nor blanks are stretched: what is typed looks like what is shown. From 1.23 on groff adjusts as the
+    // string AD says behind every tag.
+    const std::string layout = ".nh\n.ad l\n.ds AD l\n";
     const std::string title = platform::uppercased(pageName(group));
     return ".TH " + escaped(title) + " 1 \"\" \"" + escaped(version) + "\" \"User Commands\"\n" + layout +
            nameSection(group) + ".SH SYNOPSIS\n" + bold(words(group, " ")) + "\n" + italic("subcommand") + "\n[" +
