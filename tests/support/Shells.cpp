@@ -65,8 +65,10 @@ bindkey "^T" tell_line
 constexpr const char* fishSetup = R"sh(source "$files/script"
 )sh";
 
+// From 4.0 on fish offers what holds the word's letters anywhere where nothing begins with it.
 constexpr const char* fishEnd = R"sh(while read -l line
-    complete -C "$line" | string replace -r '^' '+' >>"$files/offered"
+    set -l word (string split ' ' -- $line)[-1]
+    complete -C "$line" | string replace -rf -- '^(?='(string escape --style=regex -- $word)')' '+' >>"$files/offered"
     echo '=' >>"$files/offered"
     complete -C "$line"
 end
