@@ -148,6 +148,7 @@ TEST_F(DeclaredCompletions, AreTheSameInAllShells) {
         CompletionRow{"my-tool pack-up -v --tag a r", "red"},
         CompletionRow{"my-tool pack-up red ", ""},
         CompletionRow{"my-tool pack-up red x ", "a.md b_c.md d.json dir_one e.txt"},
+        CompletionRow{"my-tool pack-up red x a.md d.", "d.json"},
         CompletionRow{"my-tool pack-up -- red x --", ""},
         CompletionRow{"my-tool pack-up --directory ", "dir_one"},
         CompletionRow{"my-tool pack-up --document ", "a.md b_c.md d.json dir_one"},
