@@ -119,12 +119,13 @@ std::vector<Record> recordsWith(const Library& library, std::string_view list, s
     return found;
 }
 
-json::object requestedPage(const std::vector<Record>& records, const Request& request) {
-    const std::size_t limit = request.number("limit", records.size());
-    if (request.text("limit") && (limit < 1 || limit > 200)) {
-        throw RequestError(400, "limit must be between 1 and 200.");
+json::object requestedPage(const std::vector<Record>& records, const Request& request, std::string_view limitKey,
+                           std::string_view startKey, std::string_view nextKey) {
+    const std::size_t limit = request.number(limitKey, records.size());
+    if (request.text(limitKey) && (limit < 1 || limit > 200)) {
+        throw RequestError(400, std::string(limitKey) + " must be between 1 and 200.");
     }
-    const std::size_t first = std::min(request.number("pageToken", 0), records.size());
+    const std::size_t first = std::min(request.number(startKey, 0), records.size());
     const std::size_t next = first + std::min(limit, records.size() - first);
     json::array items;
     for (std::size_t at = first; at < next; ++at) {
@@ -132,7 +133,7 @@ json::object requestedPage(const std::vector<Record>& records, const Request& re
     }
     json::object page{{"items", std::move(items)}};
     if (next < records.size()) {
-        page["nextPageToken"] = std::to_string(next);
+        page[nextKey] = std::to_string(next);
     }
     return page;
 }

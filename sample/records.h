@@ -44,7 +44,9 @@ void removeRecord(Library& library, const RecordKind& kind, std::string_view id)
 std::vector<Record> recordsWith(const Library& library, std::string_view list, std::string_view key,
                                 std::string_view value);
 
-/// The "items" of a list, a page of them where the request has a limit, and the "nextPageToken" when there are more.
-boost::json::object requestedPage(const std::vector<Record>& records, const Request& request);
+/// The "items" of a list, a page of them where the request has a limit, and where the next starts when there are more.
+boost::json::object requestedPage(const std::vector<Record>& records, const Request& request,
+                                  std::string_view limitKey = "limit", std::string_view startKey = "pageToken",
+                                  std::string_view nextKey = "nextPageToken");
 
 } // namespace sample

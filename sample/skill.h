@@ -1,5 +1,6 @@
 // Skills and bundles: records of the list "skills". Besides what clients see, a skill has its "files", texts by their
-// paths (a directory is a path that ends in a slash, with null), and the "agents" it is installed for.
+// paths (a directory, which every path in it needs, is a path that ends in a slash, with null), the "agents" it is
+// installed for, and its "uses".
 #pragma once
 
 #include <boost/json/object.hpp>

@@ -16,22 +16,46 @@ namespace {
 
 constexpr std::string_view requiredFile = "SKILL.md";
 
-/// The path of a file or directory that the body names under `key`, free of what would lead out of the package.
-std::string requestedPath(const Request& request, std::string_view key = "path") {
-    const std::string_view given = text(request.body, key);
-    const auto names = words(given, "/");
+/// The path evened out: "./a//b/" is "a/b". One that ends in a slash can only name a directory.
+std::string packagePath(const json::object& files, std::string_view given, bool isOfFile) {
+    auto names = words(given, "/");
+    std::erase(names, ".");
     if (names.empty() || given.starts_with('/') || std::ranges::count(names, "..") > 0) {
-        throw RequestError(400, "The " + std::string(key) + " must be a path inside the package.");
+        throw RequestError(400, "The path \"" + std::string(given) +
+                                    "\" must name something inside the package, without \"..\" or a slash in front.");
     }
-    return boost::algorithm::join(names, "/");
-}
-
-std::string unprotectedPath(const Request& request) {
-    std::string path = requestedPath(request);
-    if (path == requiredFile) {
-        throw RequestError(403, "SKILL.md is protected: a skill cannot be without it.");
+    std::string path = boost::algorithm::join(names, "/");
+    if (given.ends_with('/') && (isOfFile || files.contains(path))) {
+        throw RequestError(409, files.contains(path) ? path + " is a file, not a directory."
+                                                     : std::string(given) + " names a directory, not a file.");
     }
     return path;
+}
+
+void requireUnprotected(std::string_view path) {
+    if (path == requiredFile) {
+        throw RequestError(403, "SKILL.md is protected: it can be edited, but not moved, deleted or moved over.");
+    }
+}
+
+void requireNoDirectory(const json::object& files, const std::string& path) {
+    if (files.contains(path + "/")) {
+        throw RequestError(409, path + " is a directory.");
+    }
+}
+
+/// Puts in a file, or a directory where the path ends in a slash, with the directories above it.
+void put(json::object& files, const std::string& path, const json::value& content) {
+    for (auto end = path.find('/'); end != path.npos; end = path.find('/', end + 1)) {
+        if (const std::string above = path.substr(0, end); files.contains(above)) {
+            throw RequestError(409, above + " is a file.");
+        }
+        files[path.substr(0, end + 1)] = nullptr;
+    }
+    if (!path.ends_with('/')) {
+        requireNoDirectory(files, path);
+        files[path] = content;
+    }
 }
 
 /// The paths of the file, or of the directory and all in it.
@@ -48,19 +72,28 @@ std::vector<std::string> pathsAt(const json::object& files, const std::string& p
     return found;
 }
 
+void move(json::object& files, const std::string& path, const std::string& to) {
+    const auto moving = pathsAt(files, path);
+    if ((to + "/").starts_with(path + "/")) {
+        throw RequestError(409, path + " cannot move into itself.");
+    }
+    if (files.contains(to) || files.contains(to + "/")) {
+        throw RequestError(409, to + " is in the package already.");
+    }
+    for (const std::string& from : moving) {
+        const json::value content = files.at(from);
+        files.stable_erase(from);
+        put(files, to + from.substr(path.size()), content);
+    }
+}
+
 json::string& knownFile(json::object& files, const std::string& path) {
+    requireNoDirectory(files, path);
     json::value* file = files.if_contains(path);
     if (!file) {
         throw RequestError(404, "The package has no file " + path + ".");
     }
     return file->as_string();
-}
-
-/// Ends an edit, with the answer to it.
-json::value edited(Record& item, const std::string& path) {
-    markRevised(item);
-    const json::object& files = item.at("files").as_object();
-    return {{"path", path}, {"packageHash", packageHash(files)}, {"validationStatus", validationStatus(files)}};
 }
 
 void replaceText(json::string& content, std::string_view from, std::string_view to, bool everywhere) {
@@ -107,12 +140,8 @@ json::value listPackage(Library& library, const Request& request) {
     std::map<std::string, std::string_view> kinds;
     for (const auto& file : askedFiles(library, request)) {
         const std::string_view path = file.key();
-        for (auto end = path.find('/'); end != path.npos; end = path.find('/', end + 1)) {
-            kinds[std::string(path.substr(0, end))] = "directory";
-        }
-        if (!path.ends_with('/')) {
-            kinds[std::string(path)] = "file";
-        }
+        const bool isDirectory = path.ends_with('/');
+        kinds[std::string(path.substr(0, path.size() - isDirectory))] = isDirectory ? "directory" : "file";
     }
     json::array entries;
     for (const auto& [path, kind] : kinds) {
@@ -122,8 +151,9 @@ json::value listPackage(Library& library, const Request& request) {
 }
 
 json::value readPackageFile(Library& library, const Request& request) {
-    const std::string path = request.text("path").value_or("");
-    return {{"path", path}, {"text", knownFile(askedFiles(library, request), path)}};
+    json::object& files = askedFiles(library, request);
+    const std::string path = packagePath(files, request.text("path").value_or(""), true);
+    return {{"path", path}, {"text", knownFile(files, path)}};
 }
 
 json::value validatePackage(Library& library, const Request& request) {
@@ -133,31 +163,27 @@ json::value validatePackage(Library& library, const Request& request) {
 
 json::value editPackage(Library& library, const Request& request) {
     Record& item = askedOwnItem(library, request);
-    json::object& files = askedFiles(library, request);
+    json::object files = askedFiles(library, request);
     const std::string& operation = request.path.at(5);
-    std::string path = requestedPath(request);
+    std::string path = packagePath(files, text(request.body, "path"), operation == "write" || operation == "sed");
     if (operation == "write") {
-        if (files.contains(path + "/")) {
-            throw RequestError(409, path + " is a directory.");
-        }
-        files[path] = text(request.body, "text");
+        put(files, path, json::string_view(text(request.body, "text")));
     } else if (operation == "sed") {
         replaceText(knownFile(files, path), text(request.body, "old"), text(request.body, "new"),
                     request.body.at("all").as_bool());
     } else if (operation == "mkdir") {
-        files[path + "/"] = nullptr;
+        put(files, path + "/", nullptr);
     } else if (operation == "move") {
-        const std::string to = requestedPath(request, "to");
-        for (const std::string& from : pathsAt(files, unprotectedPath(request))) {
-            const json::value moved = files.at(from);
-            files.stable_erase(from);
-            files[to + from.substr(path.size())] = moved;
-        }
+        const std::string to = packagePath(files, text(request.body, "to"), files.contains(path));
+        requireUnprotected(path);
+        requireUnprotected(to);
+        move(files, path, to);
         path = to;
     } else if (operation == "delete") {
-        const auto doomed = pathsAt(files, unprotectedPath(request));
-        if (doomed != std::vector{path} && !request.body.at("recursive").as_bool()) {
-            throw RequestError(409, path + " is a directory.");
+        requireUnprotected(path);
+        const auto doomed = pathsAt(files, path);
+        if (!request.body.at("recursive").as_bool()) {
+            requireNoDirectory(files, path);
         }
         for (const std::string& each : doomed) {
             files.stable_erase(each);
@@ -165,7 +191,9 @@ json::value editPackage(Library& library, const Request& request) {
     } else {
         throw RequestError(404, "A package knows no " + operation + ".");
     }
-    return edited(item, path);
+    item["files"] = files;
+    markRevised(item);
+    return {{"path", path}, {"packageHash", packageHash(files)}, {"validationStatus", validationStatus(files)}};
 }
 
 } // namespace sample

@@ -1,10 +1,12 @@
 // The skills and bundles of the library: listed, created, renamed, moved, removed.
 #include <algorithm>
 
+#include <boost/algorithm/string.hpp>
 #include <boost/json.hpp>
 
 #include "handlers.h"
 #include "skill.h"
+#include "text.h"
 
 namespace sample {
 
@@ -46,7 +48,7 @@ json::value items(const Library& library, std::string_view parentId) {
 const Record& knownBundle(Library& library, std::string_view id) {
     const Record& bundle = knownRecord(library, skillKind(), id);
     if (!isBundle(bundle)) {
-        throw RequestError(400, "A skill can only be in a bundle.");
+        throw RequestError(400, std::string(text(bundle, "name")) + " is a skill, not a bundle.");
     }
     return bundle;
 }
@@ -62,7 +64,7 @@ void requireRevision(const Record& item, const json::object& body) {
 
 const RecordKind& skillKind() {
     static const RecordKind kind{
-        "skills", "skill", {{"name", PropertyType::text, true}, {"description", PropertyType::text}}};
+        "skills", "item", {{"name", PropertyType::text, true}, {"description", PropertyType::text}}};
     return kind;
 }
 
@@ -110,9 +112,9 @@ json::value createSkill(Library& library, const Request& request) {
     const json::string_view content = text(request.body, "content");
     json::object properties{{"name", request.body.at("name")}};
     if (!isBundle(place)) {
+        const std::string start = boost::algorithm::join(words(firstCharacters(content, 20)), " ");
         const json::value* given = request.body.if_contains("description");
-        properties["description"] =
-            given ? *given : json::value(content.empty() ? "A new skill" : content.substr(0, 20));
+        properties["description"] = given ? *given : json::value(start.empty() ? "A new skill" : start);
     }
     Record& item = createItem(library, place, properties);
     if (!isBundle(place)) {
@@ -145,6 +147,10 @@ json::value moveSkill(Library& library, const Request& request) {
 json::value removeSkill(Library& library, const Request& request) {
     const Record& item = askedItem(library, request);
     requireRevision(item, request.body);
+    if (!recordsWith(library, "skills", "parentId", request.path.at(3)).empty()) {
+        throw RequestError(409, "The bundle " + std::string(text(item, "name")) +
+                                    " is in use: skills are in it. Move or remove them first.");
+    }
     const bool forEveryone = isOwn(library, item);
     removeRecord(library, skillKind(), request.path.at(3));
     return {{"deletedId", request.path.at(3)}, {"forEveryone", forEveryone}};

@@ -1,4 +1,4 @@
-// Skills in use: installed for the agents on this device, counted, talked about, and suggested.
+// Skills in use: installed for the agents on this device, and suggested.
 #include <algorithm>
 #include <set>
 
@@ -41,6 +41,12 @@ json::value summary(const Record& item, const Agents& agents) {
             {"agents", json::array(agents.begin(), agents.end())}};
 }
 
+/// A bundle always is.
+bool isInstallable(const Record& item) {
+    const json::value* files = item.if_contains("files");
+    return !files || validationStatus(files->as_object()) == "valid";
+}
+
 /// The directories of the skills on this device that the library does not manage yet.
 std::vector<Record>& localSkills(Library& library) {
     return library.records["localSkills"];
@@ -50,6 +56,10 @@ std::vector<Record>& localSkills(Library& library) {
 
 json::value installSkill(Library& library, const Request& request) {
     Record& item = askedItem(library, request);
+    if (!isInstallable(item)) {
+        throw RequestError(409, "The skill " + std::string(text(item, "name")) +
+                                    " is invalid: its SKILL.md must begin with a name and have a description.");
+    }
     const Agents agents = requestedAgents(request);
     const auto isInTheWay = [&](const Record& local) {
         return text(local, "name") == text(item, "name") && agents.contains(std::string(text(local, "agent")));
@@ -80,7 +90,7 @@ json::value listInstalled(Library& library, const Request& request) {
     for (const Record& item : recordsWith(library, "skills", "kind", "skill")) {
         const auto add = [&](const Record& source, std::string_view word) {
             for (const std::string& agent : agentsIn(source)) {
-                if (!wanted || agent == *wanted) {
+                if (isInstallable(item) && (!wanted || agent == *wanted)) {
                     skills.push_back({{"name", item.at("name")}, {"agent", agent}, {"source", word}});
                 }
             }
@@ -143,35 +153,6 @@ json::value applySuggestion(Library& library, const Request& request) {
     markRevised(item);
     removeRecord(library, suggestionKind, request.path.at(3));
     return {{"appliedTo", item.at("id")}, {"revision", std::to_string(item.at("revision").as_int64())}};
-}
-
-json::value reportSkillUse(Library& library, const Request& request) {
-    const auto name = request.text("skillName");
-    json::array skills;
-    for (const Record& item : recordsWith(library, "skills", "kind", "skill")) {
-        const json::value* uses = item.if_contains("uses");
-        if (uses && (!name || text(item, "name") == *name)) {
-            json::object figures = uses->as_object();
-            figures["name"] = item.at("name");
-            skills.push_back(std::move(figures));
-        }
-    }
-    if (!name) {
-        return {{"granularity", *request.text("granularity")}, {"skills", std::move(skills)}};
-    }
-    if (skills.empty()) {
-        throw RequestError(404, "Nobody has used a skill named " + *name + ".");
-    }
-    json::array feedback;
-    for (const Record& report : recordsWith(library, "feedback", "skillName", *name)) {
-        feedback.push_back(report.at("markdown"));
-    }
-    return {{"skill", skills.front()}, {"feedback", {{"items", std::move(feedback)}, {"nextCursor", nullptr}}}};
-}
-
-json::value takeSkillFeedback(Library& library, const Request& request) {
-    library.records["feedback"].push_back(request.body);
-    return {{"received", true}};
 }
 
 } // namespace sample

@@ -4,20 +4,35 @@
 #include <cstdlib>
 #include <memory>
 
+#include <boost/algorithm/string/join.hpp>
 #include <utf8proc.h>
 
 namespace sample {
 
-std::string fold(std::string_view text) {
+namespace {
+
+std::string map(std::string_view text, int options) {
     utf8proc_uint8_t* mapped = nullptr;
-    const auto options = static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE | UTF8PROC_CASEFOLD);
-    const utf8proc_ssize_t length = utf8proc_map(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
-                                                 static_cast<utf8proc_ssize_t>(text.size()), &mapped, options);
+    const utf8proc_ssize_t length =
+        utf8proc_map(reinterpret_cast<const utf8proc_uint8_t*>(text.data()), static_cast<utf8proc_ssize_t>(text.size()),
+                     &mapped, static_cast<utf8proc_option_t>(options));
     const std::unique_ptr<utf8proc_uint8_t, decltype(&std::free)> owner(mapped, &std::free);
     if (length < 0 || !mapped) {
         return std::string(text);
     }
     return {reinterpret_cast<const char*>(mapped), static_cast<std::size_t>(length)};
+}
+
+} // namespace
+
+std::string fold(std::string_view text) {
+    return map(text, UTF8PROC_STABLE | UTF8PROC_COMPOSE | UTF8PROC_CASEFOLD);
+}
+
+std::string firstCharacters(std::string_view text, std::size_t count) {
+    auto characters = words(map(text, UTF8PROC_CHARBOUND), "\xFF"); // That byte comes to stand in front of each.
+    characters.resize(std::min(count, characters.size()));
+    return boost::algorithm::join(characters, "");
 }
 
 bool containsFolded(std::string_view text, std::string_view folded) {

@@ -20,6 +20,9 @@ std::vector<std::string> words(std::string_view text, std::string_view separator
 /// The pieces of the text between the separators. A separator at the very end closes a piece and begins none.
 std::vector<std::string_view> split(std::string_view text, std::string_view separator = "\n");
 
+/// The first so many characters, as people count them.
+std::string firstCharacters(std::string_view text, std::size_t count);
+
 std::string joinLines(std::span<const std::string_view> lines);
 
 } // namespace sample

@@ -1,10 +1,13 @@
-// Figures of use: every own conversation counts as much as it is long, on the day of its last change.
+// Figures of use. Of the library: every own conversation counts as much as it is long, on the day of its last change.
+// Of skills: the uses that the file holds, and what was said of them.
+#include <algorithm>
 #include <map>
 
 #include <boost/json.hpp>
 
 #include "filter.h"
 #include "handlers.h"
+#include "skill.h"
 
 namespace sample {
 
@@ -58,6 +61,63 @@ json::object figures(const Library& library, const Request& request, IsCounted i
     return {{"totalTokens", total}, {"trend", trend}};
 }
 
+void requireSkill(const Library& library, const std::string& name) {
+    const auto named = recordsWith(library, "skills", "name", name);
+    if (std::ranges::none_of(named, [](const Record& item) { return text(item, "kind") == "skill"; })) {
+        throw RequestError(404, "No skill is named " + name + ".");
+    }
+}
+
+/// The uses that are asked for, the newest first: of a team everybody's, else the signed-in user's.
+std::vector<Record> requestedUses(const Library& library, const Request& request) {
+    const std::string until = request.text("until").value_or(period(now(), "day"));
+    const Instant last = parseInstant(until + "T00:00Z").value_or(now());
+    const std::string since = request.text("since").value_or(period(last - days(29), "day"));
+    const auto team = request.text("teamId");
+    const auto isTeam = [&](const json::value& each) { return text(each.as_object(), "id") == *team; };
+    if (team && std::ranges::none_of(library.account.at("teams").as_array(), isTeam)) {
+        throw RequestError(404, "No team has the id " + *team + ".");
+    }
+    const auto isAsked = [&](std::string_view key, std::string_view value) {
+        return request.text(key).value_or(std::string(value)) == value;
+    };
+    std::vector<Record> uses;
+    for (const Record& item : recordsWith(library, "skills", "kind", "skill")) {
+        const json::value* all = item.if_contains("uses");
+        for (const json::value& each : all ? all->as_array() : json::array()) {
+            Record use = each.as_object();
+            const json::object& user = *library.findUser(text(use, "user"));
+            const Instant at = instantUnder(use, "at").value();
+            const std::string day = period(at, "day");
+            if (since <= day && day <= until && isAsked("skillName", text(item, "name")) &&
+                isAsked("sourceKind", text(use, "sourceKind")) && (team || library.isCurrentUser(user))) {
+                use["skill"] = item.at("name");
+                use["user"] = user.at("name");
+                use["period"] = period(at, request.text("granularity").value_or("day"));
+                uses.push_back(std::move(use));
+            }
+        }
+    }
+    std::ranges::stable_sort(uses, std::greater(), [](const Record& use) { return text(use, "at"); });
+    return uses;
+}
+
+/// How many of the uses have each value of the key, the most frequent value first.
+std::vector<Record> counted(const std::vector<Record>& uses, std::string_view key) {
+    std::vector<Record> counts;
+    for (const Record& use : uses) {
+        auto count = std::ranges::find(counts, use.at(key), [&](const Record& each) { return each.at(key); });
+        if (count == counts.end()) {
+            count = counts.insert(count, Record{{key, use.at(key)}, {"invocations", 0}, {"successes", 0}});
+        }
+        count->at("invocations").as_int64() += 1;
+        count->at("successes").as_int64() += use.at("succeeded").as_bool() ? 1 : 0;
+    }
+    std::ranges::stable_sort(counts, std::greater(),
+                             [](const Record& each) { return each.at("invocations").as_int64(); });
+    return counts;
+}
+
 } // namespace
 
 json::value readAnalytics(Library& library, const Request& request) {
@@ -72,6 +132,38 @@ json::value readAnalytics(Library& library, const Request& request) {
         answer["user"] = figures(library, request, [&](std::string_view owner) { return owner == *id; });
     }
     return answer;
+}
+
+json::value reportSkillUse(Library& library, const Request& request) {
+    const auto uses = requestedUses(library, request);
+    const auto skills = counted(uses, "skill");
+    json::array trend;
+    for (const Record& skill : skills) {
+        if (trend.size() == request.number("trendSkillLimit", 10)) {
+            break;
+        }
+        auto own = uses;
+        std::erase_if(own, [&](const Record& use) { return use.at("skill") != skill.at("skill"); });
+        auto periods = counted(own, "period");
+        std::ranges::sort(periods, {}, [](const Record& each) { return text(each, "period"); });
+        trend.push_back({{"skill", skill.at("skill")}, {"periods", json::array(periods.begin(), periods.end())}});
+    }
+    json::object answer{{"trend", std::move(trend)}};
+    answer["skills"] = requestedPage(skills, request, "skillLimit", "skillOffset", "nextOffset");
+    answer["people"] = requestedPage(counted(uses, "user"), request, "peopleLimit", "peopleOffset", "nextOffset");
+    if (const auto name = request.text("skillName")) {
+        requireSkill(library, *name);
+        const auto feedback = recordsWith(library, "feedback", "skillName", *name);
+        answer["recentUses"] = requestedPage(uses, request, "recentLimit", "recentCursor", "nextCursor");
+        answer["feedback"] = requestedPage(feedback, request, "feedbackLimit", "feedbackCursor", "nextCursor");
+    }
+    return answer;
+}
+
+json::value takeSkillFeedback(Library& library, const Request& request) {
+    requireSkill(library, std::string(text(request.body, "skillName")));
+    library.records["feedback"].push_back(request.body);
+    return {{"received", true}};
 }
 
 } // namespace sample

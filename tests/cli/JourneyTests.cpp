@@ -323,21 +323,28 @@ TEST(Journey, KeepsSkills) {
     };
     const std::string before = ask({"ls"});
     const std::string bundle = answeredId(ask({"bundle", "create", "Kitchen"}));
-    const std::string skill = answeredId(ask({"create", "brew", "--parent", bundle, "--content", "Warm the pot."}));
+    const std::string body = "Rest crème brule\u0301e\nat 4°.";
+    const std::string skill = answeredId(ask({"create", "brew", "--parent", bundle, "--content", body}));
     EXPECT_THAT(ask({"stat", skill}), AllOf(HasSubstr(R"("revision":"1")"), HasSubstr(R"("parentId":")" + bundle)));
-    EXPECT_EQ(ask({"file", "cat", skill}), "---\nname: brew\ndescription: Warm the pot.\n---\n\nWarm the pot.\n");
+    EXPECT_EQ(ask({"file", "cat", skill}),
+              "---\nname: brew\ndescription: Rest crème brule\u0301e at\n---\n\n" + body + "\n");
 
     EXPECT_THAT(ask({"file", "tee", skill, "notes/times.md"}, Input::pipe("two\ntwo\n")),
                 ContainsRegex("^wrote notes/times.md — package [0-9a-f]{12}, valid\n$"));
     EXPECT_THAT(refusal({"file", "sed", skill, "notes/times.md", "--old", "two", "--new", "3"}),
                 HasSubstr("than once"));
     ask({"file", "sed", skill, "notes/times.md", "--old", "two", "--new", "3", "--all"});
+    EXPECT_THAT(refusal({"file", "mkdir", skill, "./notes//times.md/x"}), HasSubstr("notes/times.md is a file"));
+    EXPECT_THAT(refusal({"file", "mv", skill, "notes", "--to", "notes/old"}), HasSubstr("into itself"));
+    EXPECT_THAT(refusal({"file", "mv", skill, "notes/times.md", "--to", "SKILL.md"}), HasSubstr("protected"));
     ask({"file", "mv", skill, "notes", "--to", "data"});
     EXPECT_EQ(ask({"file", "cat", skill, "data/times.md"}), "3\n3\n");
     EXPECT_THAT(refusal({"file", "rm", skill, "data"}), HasSubstr("is a directory"));
     ask({"file", "rm", skill, "data", "-r"});
     ask({"file", "sed", skill, "SKILL.md", "--old", "name: ", "--new", ""});
     EXPECT_EQ(runTool({"skill", "validate", skill}).status, 1);
+    EXPECT_THAT(refusal({"install", skill}), HasSubstr("invalid"));
+    ask({"file", "sed", skill, "SKILL.md", "--old", "\nbrew", "--new", "\nname: brew"});
 
     EXPECT_EQ(ask({"install", skill, "--agent", "codex"}), "installed skill brew → codex\n");
     EXPECT_THAT(ask({"installed"}), HasSubstr(R"({"name":"brew","agent":"codex","source":"direct"})"));
@@ -349,6 +356,10 @@ TEST(Journey, KeepsSkills) {
     EXPECT_THAT(ask({"suggestion", "apply", "update-4f1c09d27ab3e586"}), HasSubstr("appliedTo"));
     ask({"feedback", "tasting-notes", "Too sweet."});
     EXPECT_THAT(ask({"analytics", "tasting-notes"}), HasSubstr("Too sweet."));
+    EXPECT_THAT(ask({"analytics", "tasting-notes", "--recent-limit", "2"}), HasSubstr(R"("nextCursor":"2")"));
+    EXPECT_THAT(ask({"analytics", "tasting-notes", "--recent-limit", "2", "--recent-cursor", "2"}),
+                AllOf(HasSubstr("codex_chat"), testing::Not(HasSubstr("nextCursor"))));
+    EXPECT_THAT(ask({"analytics", "--team", "36f675cc-81e7-4ef5-a8e2-5d940ed90475"}), HasSubstr("Tomas Lindqvist"));
 
     EXPECT_THAT(refusal({"remove", bundle, "--force"}), HasSubstr("in use"));
     EXPECT_THAT(refusal({"remove", skill, "--force", "--if-revision", "1"}), HasSubstr("its revision is "));
