@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/HttpClient.h"
+#include "platform/HttpResponseReader.h"
 #include "support/ScriptedService.h"
 #include "support/TestNetwork.h"
 
@@ -95,6 +96,24 @@ const std::string fourBytes = ok + "Content-Length: 4\r\n\r\n";
 const std::string chunked = ok + "Transfer-Encoding: chunked\r\n\r\n";
 const std::string proceed = "HTTP/1.1 100 Continue\r\n\r\n";
 const std::string refusal = "HTTP/1.1 413 Too Large\r\nContent-Length: 8\r\n\r\ntoo much";
+
+/// What comes of `bytes`, received `size` at a time, and the end of the connection.
+std::string outcomeInPieces(std::string_view bytes, std::size_t size) {
+    const platform::BodySink noSink;
+    platform::HttpResponseReader reader(noSink);
+    try {
+        for (; !bytes.empty() && !reader.isWhole(); bytes.remove_prefix(std::min(size, bytes.size()))) {
+            bytes.copy(reader.room().data(), size);
+            reader.received(std::min(size, bytes.size()));
+        }
+        if (!reader.isWhole()) {
+            reader.ended();
+        }
+        return std::to_string(reader.status()) + " " + reader.takeResponse().body;
+    } catch (const platform::HttpError& error) {
+        return error.what();
+    }
+}
 
 /// `body` in chunks of `size`, without the last, empty one.
 std::string chunks(const std::string& body, std::size_t size) {
@@ -196,6 +215,29 @@ TEST(HttpClient, tellsALostConnectionFromNonsense) {
               "the answer is not valid HTTP (multiple Content-Length)");
     EXPECT_EQ(outcomeOf(ok + "X: " + std::string(1'200'000, 'x')), "the head of the answer is too large");
     EXPECT_EQ(outcomeOf(chunked + "1;" + std::string(1'200'000, 'x')), "the head of the answer is too large");
+}
+
+TEST(HttpClient, readsTheSameInWhateverPieces) {
+    const auto noHttp = [](const std::string& why) { return "the answer is not valid HTTP (bad " + why + ")"; };
+    const std::string lost = platform::connectionLost().what();
+    const std::vector<std::pair<std::string, std::string>> cases{
+        {chunked + "0\r\n\r\n", "200 "},
+        {chunked + "0\r\nT: x\r\nU: y\r\n\r\n", "200 "},
+        {proceed + chunked + "3;x=\"y\"\r\nabc\r\n00\r\n\r\nmore", "200 abc"},
+        {chunked + "3\r\nabcd\r\n0\r\n\r\n", noHttp("chunk")},
+        {chunked + "0\r\n\r", lost},
+        {ok + "Content-Length: 5\xC7\n\r\n", noHttp("value")},
+        {"HTTP/1.1 200 OK\nContent-Length: 2\n\nok", noHttp("reason")},
+        {ok + "\nContent-Length: 2\r\n\r\nok", noHttp("line ending")},
+        {"HTTP/\n\nok", noHttp("line ending")},
+        {"HTTP/1.1 2OO ", noHttp("status")},
+        {"HTTP/1.1 200", lost},
+    };
+    for (const auto& [bytes, outcome] : cases) {
+        for (std::size_t size = 1; size <= bytes.size(); ++size) {
+            EXPECT_EQ(outcomeInPieces(bytes, size), outcome) << bytes << " by " << size;
+        }
+    }
 }
 
 TEST(HttpClient, givesUpWhenNothingMoves) {
