@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <optional>
 #include <span>
 #include <utility>
@@ -17,8 +18,10 @@ namespace platform {
 namespace {
 
 constexpr int redirectLimit = 16;
-constexpr int leastRefusingStatus = 300;
-constexpr std::chrono::milliseconds unreadUploadLimit = std::chrono::seconds(1);
+constexpr int leastUnacceptingStatus = 300;
+constexpr int leastRefusingStatus = 400;
+constexpr std::chrono::milliseconds answeredIdleLimit = std::chrono::seconds(1);
+constexpr std::chrono::milliseconds refusalLimit = std::chrono::seconds(3);
 
 HttpError failureOf(const std::error_code& error) {
     if (error == std::errc::timed_out) {
@@ -72,22 +75,31 @@ private:
 class Exchange {
 public:
     Exchange(const HttpRequest& request, const HttpLocation& location, const BodySink& sink)
-        : request_(request), location_(location), socket_(request.idleTimeout), response_(sink) {}
+        : request_(request), location_(location), head_(requestHead(request, location)), upload_(head_, request.body),
+          response_(sink) {}
 
-    /// The response is whole then.
+    /// The response is whole then, or a refusal of a request half sent whose body did not come.
     HttpResponseReader& run() {
         connect();
-        send();
-        while (!response_.isWhole()) {
-            receive();
+        try {
+            send();
+            while (!response_.isWhole()) {
+                receive();
+            }
+        } catch (const HttpError& error) {
+            if (!refusalEnd_ || error.failure() == HttpFailure::other) {
+                throw;
+            }
         }
         return response_;
     }
 
 private:
+    using Clock = std::chrono::steady_clock;
+
     void connect() {
         std::error_code failure;
-        socket_.connect(location_.host, location_.port, failure);
+        socket_.connect(location_.host, location_.port, request_.idleTimeout, failure);
         if (!failure) {
             return;
         }
@@ -101,27 +113,25 @@ private:
         throw HttpError(HttpFailure::other, "cannot connect to " + address + " (" + failure.message() + ")");
     }
 
-    /// Sends the request until it is sent, or until the service has refused it or closed the connection: what it said
-    /// counts then.
+    /// Sends the request until it is sent, or until the service has said that it does not want it or has closed the
+    /// connection: what it said counts then.
     void send() {
-        const std::string head = requestHead(request_, location_);
-        Upload upload(head, request_.body);
         std::error_code& failure = uploadFailure_;
-        upload.sendSome(socket_, failure);
-        if (!failure && !upload.isSent()) {
+        upload_.sendSome(socket_, failure);
+        if (!failure && !upload_.isSent()) {
             socket_.sendWithoutDelay();
         }
-        while (!failure && !upload.isSent() && !isRefused()) {
+        while (!failure && !upload_.isSent() && !isUnwanted()) {
             if (response_.isWhole()) {
-                socket_.waitToSend(unreadUploadLimit, failure);
-            } else if (socket_.waitToSendOrReceive(failure)) {
+                socket_.waitToSend(std::min(answeredIdleLimit, request_.idleTimeout), failure);
+            } else if (socket_.waitToSendOrReceive(idleLimit(), failure)) {
                 receive();
                 continue;
             } else if (failure) {
                 throw failureOf(failure);
             }
             if (!failure) {
-                upload.sendSome(socket_, failure);
+                upload_.sendSome(socket_, failure);
             }
         }
     }
@@ -129,12 +139,15 @@ private:
     void receive() {
         const std::span<char> room = response_.room();
         std::error_code failure;
-        const std::size_t size = socket_.receive(room.data(), room.size(), failure);
+        const std::size_t size = socket_.receive(room.data(), room.size(), idleLimit(), failure);
         if (!failure && size == 0) {
             failure = uploadFailure_; // the system reports a reset only once
         }
         if (size > 0) {
             response_.received(size);
+            if (!refusalEnd_ && !upload_.isSent() && response_.status() >= leastRefusingStatus) {
+                refusalEnd_ = Clock::now() + refusalLimit;
+            }
         } else if (!failure || (isReset(failure) && endsWithReset())) {
             response_.ended();
         } else {
@@ -142,16 +155,28 @@ private:
         }
     }
 
-    bool isRefused() const { return response_.status() >= leastRefusingStatus; }
+    /// How long nothing may move from now on.
+    std::chrono::milliseconds idleLimit() const {
+        if (!refusalEnd_) {
+            return request_.idleTimeout;
+        }
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(*refusalEnd_ - Clock::now());
+        return std::max(std::chrono::milliseconds::zero(), std::min({left, answeredIdleLimit, request_.idleTimeout}));
+    }
+
+    bool isUnwanted() const { return response_.isWhole() && response_.status() >= leastUnacceptingStatus; }
 
     /// A service that closes with a request half read resets the connection: it cannot end its response otherwise.
     bool endsWithReset() const { return response_.endsWithConnection() && !request_.body.empty(); }
 
     const HttpRequest& request_;
     const HttpLocation& location_;
+    const std::string head_;
+    Upload upload_;
     LoopbackSocket socket_;
     HttpResponseReader response_;
     std::error_code uploadFailure_;
+    std::optional<Clock::time_point> refusalEnd_; ///< When a refusal that came early counts, whole or not.
 };
 
 bool isRedirect(int status) {

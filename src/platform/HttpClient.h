@@ -60,11 +60,15 @@ private:
 /// 16 times, and only to plain HTTP on loopback; a redirect elsewhere is returned as it came. The environment's proxy
 /// settings are ignored, and no header is sent beyond Host, Content-Type and Content-Length.
 ///
-/// A response may come before all of the request is sent. One of status 300 or above ends the sending at once. One of
-/// status 2xx does not: whoever accepts a request wants the rest of it. It is sent for as long as the service takes it,
-/// and the response, once it is whole, counts even if the service then closes the connection or, for a second, takes
-/// nothing. A response without a length ends with the connection; that may be a reset when the request has a body, for
-/// a service that closes with a part of it unread can't do otherwise.
+/// A response may come before all of the request is sent. The rest is sent for as long as the service takes it:
+/// - One of status 2xx counts once it is whole, even if the service then closes the connection or, for a second, takes
+///   nothing. Whoever accepts a request wants the rest of it.
+/// - One of status 300 or above ends the sending once it is whole.
+/// - One of status 400 or above need not become whole. When the connection ends, when nothing moves for a second, and
+///   three seconds after its head at the first halt, it is returned with what has come of its body.
+///
+/// A response without a length ends with the connection; that may be a reset when the request has a body, for a service
+/// that closes with a part of it unread can't do otherwise.
 ///
 /// With a `sink`, the body of a 2xx response goes to it while it comes in, provided that it is larger than
 /// passOnThreshold; any other body is held whole and returned. If the connection is then lost, the sink has had what

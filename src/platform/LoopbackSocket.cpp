@@ -49,8 +49,6 @@ bool isConnectedToItself(int socket, const sockaddr* peer, socklen_t peerSize) {
 
 } // namespace
 
-LoopbackSocket::LoopbackSocket(std::chrono::milliseconds idleLimit) : idleLimit_(idleLimit) {}
-
 LoopbackSocket::~LoopbackSocket() {
     close();
 }
@@ -62,7 +60,8 @@ void LoopbackSocket::close() {
     socket_ = -1;
 }
 
-void LoopbackSocket::connect(std::string_view host, std::uint16_t port, std::error_code& error) {
+void LoopbackSocket::connect(std::string_view host, std::uint16_t port, std::chrono::milliseconds limit,
+                             std::error_code& error) {
     const bool anyFamily = host == "localhost";
     if (host.starts_with('[') && host.ends_with(']')) {
         host = host.substr(1, host.size() - 2);
@@ -79,18 +78,19 @@ void LoopbackSocket::connect(std::string_view host, std::uint16_t port, std::err
     error = std::make_error_code(std::errc::invalid_argument);
     const bool hasSix = ::inet_pton(AF_INET6, anyFamily ? "::1" : address.c_str(), &six.sin6_addr) == 1;
     if (hasSix && IN6_IS_ADDR_LOOPBACK(&six.sin6_addr)) {
-        error = connectTo(reinterpret_cast<const sockaddr*>(&six), sizeof six);
+        error = connectTo(reinterpret_cast<const sockaddr*>(&six), sizeof six, limit);
     }
     if (hasSix && !(anyFamily && isAbsent(error))) {
         return;
     }
     const bool hasFour = ::inet_pton(AF_INET, anyFamily ? "127.0.0.1" : address.c_str(), &four.sin_addr) == 1;
     if (hasFour && ntohl(four.sin_addr.s_addr) >> 24U == IN_LOOPBACKNET) {
-        error = connectTo(reinterpret_cast<const sockaddr*>(&four), sizeof four);
+        error = connectTo(reinterpret_cast<const sockaddr*>(&four), sizeof four, limit);
     }
 }
 
-std::error_code LoopbackSocket::connectTo(const sockaddr* address, unsigned addressSize) {
+std::error_code LoopbackSocket::connectTo(const sockaddr* address, unsigned addressSize,
+                                          std::chrono::milliseconds limit) {
     const auto refused = std::make_error_code(std::errc::connection_refused);
     close();
     socket_ = ::socket(address->sa_family, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
@@ -102,7 +102,7 @@ std::error_code LoopbackSocket::connectTo(const sockaddr* address, unsigned addr
     // An interrupted attempt to connect goes on by itself, like one that was merely started.
     if (outcome == EINPROGRESS || outcome == EINTR) {
         std::error_code error;
-        const short events = waitFor(POLLOUT, idleLimit_, error);
+        const short events = waitFor(POLLOUT, limit, error);
         if (error) {
             return error;
         }
@@ -149,10 +149,11 @@ void LoopbackSocket::sendWithoutDelay() {
     ::setsockopt(socket_, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
 }
 
-std::size_t LoopbackSocket::receive(void* data, std::size_t size, std::error_code& error) {
+std::size_t LoopbackSocket::receive(void* data, std::size_t size, std::chrono::milliseconds limit,
+                                    std::error_code& error) {
     for (;;) {
         if (isDrained_) {
-            waitFor(POLLIN, idleLimit_, error);
+            waitFor(POLLIN, limit, error);
             if (error) {
                 return 0;
             }
@@ -171,14 +172,14 @@ std::size_t LoopbackSocket::receive(void* data, std::size_t size, std::error_cod
     }
 }
 
-bool LoopbackSocket::waitToSendOrReceive(std::error_code& error) {
-    const bool canReceive = (waitFor(POLLIN | POLLOUT, idleLimit_, error) & ~POLLOUT) != 0;
+bool LoopbackSocket::waitToSendOrReceive(std::chrono::milliseconds limit, std::error_code& error) {
+    const bool canReceive = (waitFor(POLLIN | POLLOUT, limit, error) & ~POLLOUT) != 0;
     isDrained_ = isDrained_ && !canReceive;
     return canReceive;
 }
 
 void LoopbackSocket::waitToSend(std::chrono::milliseconds limit, std::error_code& error) {
-    waitFor(POLLOUT, std::min(limit, idleLimit_), error);
+    waitFor(POLLOUT, limit, error);
 }
 
 /// The events that have come; none with `error` alone.

@@ -115,6 +115,12 @@ public:
         return entries[0].revents != 0;
     }
 
+    void pause(std::chrono::milliseconds length) const {
+        if (length.count() > 0) {
+            wait(0, static_cast<int>(length.count()));
+        }
+    }
+
     void reset() const {
         const linger atOnce{1, 0};
         ::setsockopt(socket_, SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
@@ -139,11 +145,11 @@ std::optional<RecordedRequest> readHead(Connection& connection, std::string& byt
 }
 
 /// Reads the body of `request`, or as much as comes of it; what follows stays in `bytes`.
-void readBody(Connection& connection, RecordedRequest& request, std::string& bytes) {
+void readBody(Connection& connection, RecordedRequest& request, std::string& bytes, std::chrono::milliseconds pause) {
     const std::size_t size = announcedSize(request);
     bytes.reserve(size);
     while (bytes.size() < size && connection.receive(bytes)) {
-        ;
+        connection.pause(pause);
     }
     request.body = bytes.substr(0, size);
     bytes.erase(0, size);
@@ -301,7 +307,8 @@ void ScriptedService::serveConnection(int socket) {
         connection.send(chosen.pieces[sent++]);
     }
     if (chosen.reading != Answer::Reading::head) {
-        readBody(connection, *request, bytes);
+        const bool isSlow = chosen.reading == Answer::Reading::rest;
+        readBody(connection, *request, bytes, isSlow ? chosen.pause : std::chrono::milliseconds(0));
     }
     {
         const std::lock_guard lock(mutex_);
@@ -315,8 +322,8 @@ void ScriptedService::serveConnection(int socket) {
 
     bool open = true;
     for (; sent < chosen.pieces.size() && open; ++sent) {
-        if (sent > 0 && chosen.pause.count() > 0) {
-            connection.wait(0, static_cast<int>(chosen.pause.count()));
+        if (sent > 0) {
+            connection.pause(chosen.pause);
         }
         open = connection.send(chosen.pieces[sent]);
     }
@@ -333,7 +340,7 @@ void ScriptedService::serveConnection(int socket) {
     while (connection.receive(bytes)) {
         ;
     }
-    if (!bytes.empty()) {
+    if (!bytes.empty() && request->body.size() == announcedSize(*request)) {
         faults_.push_back("bytes behind the end of a request: " + bytes.substr(0, 200));
     }
 }

@@ -31,7 +31,7 @@ struct Answer {
     std::vector<std::string> pieces{};
     Ending ending = Ending::leaveOpen;
     Reading reading = Reading::all;
-    std::chrono::milliseconds pause{0}; ///< Between two pieces.
+    std::chrono::milliseconds pause{0}; ///< Between two pieces, and with `rest` between two looks at what has come.
 };
 
 /// Name and value of header fields, in order.

@@ -95,7 +95,8 @@ const std::string ok = "HTTP/1.1 200 OK\r\n";
 const std::string fourBytes = ok + "Content-Length: 4\r\n\r\n";
 const std::string chunked = ok + "Transfer-Encoding: chunked\r\n\r\n";
 const std::string proceed = "HTTP/1.1 100 Continue\r\n\r\n";
-const std::string refusal = "HTTP/1.1 413 Too Large\r\nContent-Length: 8\r\n\r\ntoo much";
+const std::string refusalHead = "HTTP/1.1 413 Too Large\r\nContent-Length: 8\r\n\r\n";
+const std::string refusal = refusalHead + "too much";
 
 /// What comes of `bytes`, received `size` at a time, and the end of the connection.
 std::string outcomeInPieces(std::string_view bytes, std::size_t size) {
@@ -286,11 +287,11 @@ TEST(HttpClient, movesLargeBodiesUnchanged) {
 }
 
 TEST(HttpClient, hearsAnAnswerWhileItSends) {
-    const auto heard = [](std::vector<std::string> pieces, Ending ending) {
+    const auto heard = [](std::vector<std::string> pieces, Ending ending, Reading reading = Reading::head) {
+        const auto given = earlyAnswer(std::move(pieces), ending, reading, 20ms);
         const auto start = Clock::now();
-        const auto given = earlyAnswer(std::move(pieces), ending, Reading::head, 20ms);
         const std::string outcome = outcomeOf(given, send("POST", "/", largeBody()));
-        return Clock::now() - start < 5s ? outcome : "late " + outcome;
+        return Clock::now() - start < 8s ? outcome : "late " + outcome;
     };
     EXPECT_EQ(heard({refusal}, Ending::leaveOpen), "413 too much");
     EXPECT_EQ(heard({refusal}, Ending::close), "413 too much");
@@ -305,6 +306,12 @@ TEST(HttpClient, hearsAnAnswerWhileItSends) {
     EXPECT_EQ(heard({fourBytes + "done"}, Ending::close), "200 done");
     EXPECT_EQ(heard({fourBytes + "do"}, Ending::close), "lost");
     EXPECT_EQ(heard({}, Ending::close), "lost");
+    // Why it is refused is not waited for in vain, whether the rest is read or not.
+    EXPECT_EQ(heard({refusalHead}, Ending::close), "413 ");
+    EXPECT_EQ(heard({refusalHead + "too"}, Ending::reset), "413 too");
+    EXPECT_EQ(heard({refusalHead}, Ending::leaveOpen, Reading::rest), "413 ");
+    EXPECT_EQ(heard({"HTTP/1.1 413 No\r\n\r\nno end"}, Ending::leaveOpen), "413 no end");
+    EXPECT_EQ(heard({"HTTP/1.1 307 Elsewhere\r\nLocation: /b\r\nContent-Length: 2\r\n\r\n"}, Ending::close), "lost");
 }
 
 TEST(HttpClient, sendsTheRestUnlessItIsRefused) {
@@ -319,6 +326,7 @@ TEST(HttpClient, sendsTheRestUnlessItIsRefused) {
     EXPECT_EQ(uploaded({fourBytes + "do", "ne"}), "200 done, all sent");
     EXPECT_EQ(uploaded({fourBytes + "done"}), "200 done, all sent");
     EXPECT_EQ(uploaded({refusal}), "413 too much, not all sent");
+    EXPECT_EQ(uploaded({refusalHead, "too much"}), "413 too much, all sent");
 }
 
 TEST(HttpClient, passesALongBodyOn) {
