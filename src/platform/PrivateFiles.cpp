@@ -1,9 +1,11 @@
 #include "platform/PrivateFiles.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdint>
 #include <cstdlib>
+#include <iterator>
 #include <stdexcept>
 #include <system_error>
 #include <utility>
@@ -58,20 +60,30 @@ private:
     mode_t before_;
 };
 
+/// Whether a signal ends a process that does not handle it, and can wait. One that tells of a fault of the program
+/// itself can't: there is no going on behind the fault.
+bool canEndProcessLater(int signal) {
+    constexpr int faults[]{SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGABRT, SIGTRAP, SIGSYS};
+    constexpr int harmless[]{SIGSTOP, SIGTSTP, SIGTTIN, SIGTTOU, SIGCONT, SIGCHLD, SIGURG, SIGWINCH};
+    return std::ranges::find(faults, signal) == std::end(faults) &&
+           std::ranges::find(harmless, signal) == std::end(harmless);
+}
+
 /// Signals that would end the process take effect at the end of this object, so that there is time to clean up. Those
 /// that the process ignores anyway are let be. A file that grows too large is an error and no signal meanwhile.
 class HeldSignals {
 public:
     HeldSignals() {
+        sizeSignal_ = std::signal(SIGXFSZ, SIG_IGN);
         sigemptyset(&held_);
-        for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM}) {
+        for (int signal = 1; signal <= SIGRTMAX; ++signal) {
             struct sigaction action {};
-            if (::sigaction(signal, nullptr, &action) == 0 && action.sa_handler != SIG_IGN) {
+            if (canEndProcessLater(signal) && ::sigaction(signal, nullptr, &action) == 0 &&
+                action.sa_handler != SIG_IGN) {
                 sigaddset(&held_, signal);
             }
         }
         ::sigprocmask(SIG_BLOCK, &held_, &before_);
-        sizeSignal_ = std::signal(SIGXFSZ, SIG_IGN);
     }
     ~HeldSignals() {
         std::signal(SIGXFSZ, sizeSignal_);
@@ -84,9 +96,11 @@ public:
     void check() const {
         sigset_t pending;
         ::sigpending(&pending);
-        sigandset(&pending, &pending, &held_);
-        if (sigisemptyset(&pending) == 0) {
-            throw std::system_error(std::make_error_code(std::errc::interrupted));
+        // One by one: glibc's sigisemptyset overlooks the real-time ones.
+        for (int signal = 1; signal <= SIGRTMAX; ++signal) {
+            if (sigismember(&held_, signal) == 1 && sigismember(&pending, signal) == 1) {
+                throw std::system_error(std::make_error_code(std::errc::interrupted));
+            }
         }
     }
 

@@ -37,22 +37,28 @@ protected:
 };
 
 TEST_F(PrivateFiles, AreGivenUpForASignal) {
-    const auto action = std::signal(SIGTERM, [](int) { isSignalled = 1; });
-    int writtenBefore = 0;
-    while (isWrittenIn(SIGTERM) && ++writtenBefore < 100) {
-        fs::remove(directory + "/a");
+    for (const int signal : {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGUSR1, SIGUSR2, SIGALRM, SIGVTALRM, SIGPROF, SIGPIPE,
+                             SIGXCPU, SIGPOLL, SIGPWR, SIGSTKFLT, SIGRTMIN, SIGRTMAX}) {
+        isSignalled = 0;
+        const auto action = std::signal(signal, [](int) { isSignalled = 1; });
+        int writtenBefore = 0;
+        while (isWrittenIn(signal) && ++writtenBefore < 100) {
+            fs::remove(directory + "/a");
+        }
+        std::signal(signal, action);
+        fs::remove(directory + "/b");
+        EXPECT_LT(writtenBefore, 100) << signal;
+        EXPECT_TRUE(fs::is_empty(directory)) << signal;
+        EXPECT_EQ(isSignalled, 1) << signal;
     }
-    std::signal(SIGTERM, action);
-    fs::remove(directory + "/b");
-    EXPECT_LT(writtenBefore, 100);
-    EXPECT_TRUE(fs::is_empty(directory));
-    EXPECT_EQ(isSignalled, 1);
 }
 
 TEST_F(PrivateFiles, DoNotHeedAnIgnoredSignal) {
     const auto action = std::signal(SIGHUP, SIG_IGN);
     EXPECT_TRUE(isWrittenIn(SIGHUP));
     EXPECT_TRUE(readFile(directory + "/a") == bytes);
+    fs::remove(directory + "/a");
+    EXPECT_TRUE(isWrittenIn(SIGWINCH));
     std::signal(SIGHUP, action);
 }
 
