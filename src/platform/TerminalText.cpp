@@ -3,6 +3,7 @@
 #include <utf8proc.h>
 
 #include "platform/ByteScan.h"
+#include "platform/Text.h"
 
 namespace platform {
 
@@ -55,7 +56,8 @@ std::string shown(std::string_view text, IsSuspicious isSuspicious, std::string 
         utf8proc_int32_t scalar = -1;
         const auto length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()) + position,
                                              static_cast<utf8proc_ssize_t>(text.size() - position), &scalar);
-        const std::size_t end = position + (length > 0 ? static_cast<std::size_t>(length) : 1);
+        const std::size_t end =
+            position + (length > 0 ? static_cast<std::size_t>(length) : malformedLength(text.substr(position)));
         if (length <= 0 || steersTerminal(static_cast<char32_t>(scalar))) {
             result.append(text.substr(copied, position - copied));
             result += length <= 0 ? "\xEF\xBF\xBD" : formOf(static_cast<char32_t>(scalar));

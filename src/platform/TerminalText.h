@@ -8,7 +8,7 @@ namespace platform {
 
 /// `text` with everything that would steer a terminal written out instead: control characters as "^[", bidirectional
 /// controls and line separators as "<U+202E>". Line feeds and tabs stay, and so do the joiners that emoji and scripts
-/// need. A malformed byte becomes U+FFFD.
+/// need. A malformed sequence becomes U+FFFD.
 std::string terminalText(std::string_view text);
 
 /// The same for a piece of a line: line feeds and tabs are written out as well.

@@ -47,7 +47,7 @@ struct Scalar {
     std::size_t length;     ///< Bytes.
 };
 
-/// The scalar at the front of a non-empty text. A malformed byte counts as one scalar of its own.
+/// The scalar at the front of a non-empty text.
 Scalar firstScalar(std::string_view text) {
     const auto bits = [&](std::size_t i, unsigned mask) {
         return static_cast<utf8proc_int32_t>(static_cast<unsigned char>(text[i]) & mask);
@@ -63,7 +63,7 @@ Scalar firstScalar(std::string_view text) {
     case 4:
         return {bits(0, 0x07) << 18 | bits(1, 0x3F) << 12 | bits(2, 0x3F) << 6 | bits(3, 0x3F), 4};
     default:
-        return {-1, 1};
+        return {-1, malformedLength(text)};
     }
 }
 
@@ -116,7 +116,7 @@ std::string mapScalars(std::string_view text, Map map) {
     while (!text.empty()) {
         const Scalar scalar = firstScalar(text);
         if (scalar.value < 0) {
-            result += text.front();
+            result += text.substr(0, scalar.length);
         } else {
             appendScalar(result, map(scalar.value));
         }
@@ -273,6 +273,16 @@ std::size_t uncutLength(std::string_view bytes) {
         }
     }
     return bytes.size();
+}
+
+std::size_t malformedLength(std::string_view bytes) {
+    // A beginning is one that continuation bytes make well-formed.
+    for (std::size_t length = std::min<std::size_t>(bytes.size(), 3); length > 1; --length) {
+        if (sequenceLength(std::string(bytes.substr(0, length)) + "\x80\x80") > length) {
+            return length;
+        }
+    }
+    return 1;
 }
 
 std::string repairedUtf8(std::string_view bytes) {

@@ -40,6 +40,10 @@ bool isValidUtf8(std::string_view bytes);
 /// How many of `bytes` stand before a character's sequence that their end may have cut in two.
 std::size_t uncutLength(std::string_view bytes);
 
+/// The length of the malformed sequence at the front of `bytes`, which counts as one character: the longest beginning
+/// of a well-formed one, or else a byte.
+std::size_t malformedLength(std::string_view bytes);
+
 /// `bytes` with every malformed sequence replaced by U+FFFD.
 std::string repairedUtf8(std::string_view bytes);
 

@@ -21,8 +21,8 @@ namespace {
 
 TEST(Characters, AreWhatPeopleCount) {
     const std::vector<std::pair<std::string, std::size_t>> cases{
-        {"", 0},     {"abc", 3}, {"a\r\nb", 3},   {"\n\r", 2},      {"e\u0301", 1}, {"👩‍🌾", 1},
-        {"🇩🇪🇫🇷", 2}, {"ก็", 1},   {"\xFF\xFE", 2}, {"é\r\n\r\n", 3}, {"한국어", 3},  {"\u0301", 1},
+        {"", 0},     {"abc", 3}, {"a\r\nb", 3},       {"\n\r", 2},      {"e\u0301", 1}, {"👩‍🌾", 1},
+        {"🇩🇪🇫🇷", 2}, {"ก็", 1},   {"\xFF\xE2\x82", 2}, {"é\r\n\r\n", 3}, {"한국어", 3},  {"\u0301", 1},
     };
     for (const auto& [text, count] : cases) {
         EXPECT_EQ(characterCount(text), count) << text;
@@ -39,7 +39,9 @@ TEST(Text, IsTrimmedRepairedAndCapitalized) {
     EXPECT_EQ(trimmed(" \t\u00A0\u3000a b\u2028\u0085\r\n"), "a b");
     EXPECT_EQ(trimmed("\u200Ba"), "\u200Ba");
     EXPECT_EQ(trimmed(" \u2003 "), "");
-    EXPECT_EQ(repairedUtf8("a\xC3(\xE2\x82\xED\xA0\x80"), "a�(�����");
+    EXPECT_EQ(repairedUtf8("a\xC3(\xE2\x82\xED\xA0\x80"), "a�(����");
+    EXPECT_EQ(repairedUtf8("\xF1\x80\x80\xE1\x80\xC2(\x80)\x80\xBF-"), "���(�)��-");
+    EXPECT_EQ(repairedUtf8("\xC0\xAF\xE0\x80\xF0\x81\x82(\xF4\x91\xFF"), "�������(���");
     for (const char* text : {"aé春🌱", "\xC2\x80", "\xDF\xBF", "\xE0\xA0\x80", "\xED\x9F\xBF", "\xEE\x80\x80",
                              "\xEF\xBF\xBF", "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"}) {
         EXPECT_TRUE(isValidUtf8(text) && isValidUtf8(std::string(100, 'a') + text + "b")) << text;
@@ -68,8 +70,7 @@ TEST(TerminalText, ShowsWhatWouldSteerATerminal) {
          "<U+061C><U+200E><U+200F><U+2028><U+2029><U+202A><U+202E><U+2066><U+2069>"},
         {"\u200D\u200C\u2027\u202F\u2065\u206A", "\u200D\u200C\u2027\u202F\u2065\u206A"},
         {"👩‍🌾 می‌خواهم ~", "👩‍🌾 می‌خواهم ~"},
-        {"a\xFF\xE2\x80z", "a��"
-                           "�z"},
+        {"a\xFF\xE2\x80z", "a��z"},
     };
     const std::string plain(100, 'x');
     for (const auto& [text, shown] : cases) {
