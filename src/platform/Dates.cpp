@@ -125,6 +125,10 @@ Instant zoneOffset(Instant instant) {
 
 constexpr Instant day = 24 * 60 * 60;
 
+/// The distance of the points in time at which an offset is looked up, less than any zone has kept one for. The
+/// shortest time since 1900 was that of Freetown in September 1939: four days less twenty minutes.
+constexpr Instant step = 3 * day;
+
 } // namespace
 
 Instant currentInstant() {
@@ -156,10 +160,8 @@ Instant LocalClock::instantOf(const CivilTime& time) {
     return utc - (isAfterChange && !isSkipped ? offsetAfter : offsetBefore);
 }
 
-/// The zone's offset from UTC if it is the same from a day before `instant` to a day after. It is looked up at points
-/// so close to each other that no zone changes its offset and takes that back in between.
+/// The zone's offset from UTC if it is the same from a day before `instant` to a day after.
 std::optional<Instant> LocalClock::steadyOffset(Instant instant) {
-    constexpr Instant step = 4 * day;
     const Instant rest = ((instant - day) % step + step) % step;
     const Instant before = instant - day - rest;
     const Instant offset = offsetAt(before);
@@ -168,9 +170,9 @@ std::optional<Instant> LocalClock::steadyOffset(Instant instant) {
     return isSteady ? std::optional(offset) : std::nullopt;
 }
 
-/// The offset at a multiple of steadyOffset's step.
+/// The offset at a multiple of the step.
 Instant LocalClock::offsetAt(Instant gridPoint) {
-    KnownOffset& known = known_[static_cast<std::size_t>(gridPoint / (4 * day)) % known_.size()];
+    KnownOffset& known = known_[static_cast<std::size_t>(gridPoint / step) % known_.size()];
     if (known.instant != gridPoint) {
         known = {gridPoint, zoneOffset(gridPoint)};
     }

@@ -53,7 +53,7 @@ private:
     Instant offsetAt(Instant gridPoint);
 
     Instant now_;
-    std::array<KnownOffset, 16> known_;
+    std::array<KnownOffset, 32> known_;
 };
 
 /// "Mar 7, 2024, 2:05 PM PST": month, day, year, the time on a twelve-hour clock, and one word more, which is left

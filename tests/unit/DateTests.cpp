@@ -57,6 +57,8 @@ TEST_F(DisplayDates, OfInstantsAreEmptyForOtherTexts) {
         {"2024-03-08T01:05:00+06:00", "Mar  7 14:05"},
         {"2024-03-07T14:05:00-05:00", "Mar  7 14:05"},
         {"2024-03-07T19:05:59.1234567890123Z", "Mar  7 14:05"},
+        {"2024-03-07T19:04:60Z", "Mar  7 14:05"}, // a leap second
+        {"2024-03-07T19:04:61Z", ""},
         {"2024-03-08T19:04:00+23:59", "Mar  7 14:05"},
         {"2024-03-06T19:06:00-23:59", "Mar  7 14:05"},
         {"2024-03-08T19:05:00+24:00", ""},
@@ -89,6 +91,9 @@ TEST_F(DisplayDates, FollowTheClockThroughItsChanges) {
     EXPECT_EQ(instant(3, 0, 10, 3), 1'710'054'000);
     EXPECT_EQ(instant(1, 30, 3, 11), 1'730'611'800); // the first of two
     EXPECT_EQ(instant(2, 0, 3, 11), 1'730'617'200);
+    setenv("TZ", "STD1DST0:40,J244/0,J247/1", 1); // another offset for three days of September
+    tzset();
+    EXPECT_EQ(platform::LocalClock(now).instantOf({2019, 9, 3, 11, 20, 0}), 1'567'512'000);
 }
 
 } // namespace
