@@ -123,8 +123,9 @@ std::string readStandardInputLine() {
 void reserveStandardStreams() {
     for (int descriptor = 0; descriptor < 3; ++descriptor) {
         if (::fcntl(descriptor, F_GETFD) == -1 && errno == EBADF) {
-            // The lowest free descriptor is the closed one, for those below it are open by now.
-            ::open("/dev/null", O_RDONLY);
+            // The lowest free descriptor is the closed one, for those below it are open by now. Input becomes a
+            // directory that is only named: neither that nor what opens /dev/stdin once more can be read.
+            descriptor == STDIN_FILENO ? ::open("/", O_PATH) : ::open("/dev/null", O_RDONLY);
         }
     }
 }

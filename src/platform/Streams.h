@@ -38,7 +38,7 @@ std::string readStandardInput();
 std::string readStandardInputLine();
 
 /// Opens the standard streams that are closed, so that no file or socket opened later can take their place: reading
-/// finds the end at once, and writing fails. To be called once, before anything is opened.
+/// fails, for what nobody gave is no empty text, and writing fails. To be called once, before anything is opened.
 void reserveStandardStreams();
 
 } // namespace platform

@@ -40,7 +40,7 @@ TEST_F(Editing, TeeTakesItsBodyFromAPipeOrAFile) {
         notText,
         withInput(created("tee T", ""), Input::pipe("")),
         withInput(created("tee T", ""), Input::terminal("typed\n")),
-        withInput(created("tee T", ""), Input::closed()),
+        withInput(created({"tee", "T", "--from-file", file("other", "x")}, "x"), Input::closed()),
         withInput(created({"tee", "T", "--from-file", file("body", "from\tfile\n\n")}, R"(from\tfile\n)"),
                   Input::pipe("no")),
         created("tee T --from-file " + file("\xFF", "x"), "x"),

@@ -32,7 +32,6 @@ TEST(Feedback, RefusesWhatHasNoText) {
     expectNoReport("", Input::pipe(" \n\u2003"));
     expectNoReport("", Input::pipe("\xFF"));
     expectNoReport("", Input::terminal("never read"));
-    expectNoReport("", Input::closed());
     expectNoReport({"  "}, Input::pipe("piped"));
 }
 

@@ -134,6 +134,22 @@ TEST(Memory, ThatRunsOutIsAnError) {
     EXPECT_EQ(result.status, 1);
 }
 
+TEST(StandardInput, ThatIsClosedIsNoEmptyText) {
+    const std::string unreadable = "Could not read standard input: Bad file descriptor";
+    for (const auto& [words, message] : std::vector<std::pair<std::string, std::string>>{
+             {"tee T", unreadable},
+             {"tee T --from-file /dev/stdin", "Could not read file: /dev/stdin"},
+             {"feedback", unreadable},
+             {"skill feedback s", unreadable},
+             {"skill file tee " + id + " SKILL.md", unreadable},
+             {"ontology field update " + id + " --from-file -", unreadable}}) {
+        expectRow({.arguments = words,
+                   .err = "Error: " + message + "\n",
+                   .status = 1,
+                   .setting = {.input = Input::closed()}});
+    }
+}
+
 TEST(StandardOutput, AFailedWriteIsAnError) {
     const auto runWith = [](Output out, const std::vector<std::string>& arguments) {
         ToolSetting setting;
