@@ -9,23 +9,16 @@ namespace argumentparser {
 
 namespace {
 
-/// Whether the byte at `position` is a character of its own. A combining mark behind it makes it part of another one.
-bool isWholeCharacter(std::string_view text, std::size_t position) {
-    const bool isFollowedByAscii = position + 1 >= text.size() || static_cast<unsigned char>(text[position + 1]) < 0x80;
-    return isFollowedByAscii || platform::firstCharacters(text.substr(position), 1).size() == 1;
-}
-
+/// A dash under a combining mark is another character.
 std::size_t leadingDashes(std::string_view text) {
     const std::size_t dashes = std::min(text.find_first_not_of('-'), text.size());
-    return dashes > 0 && !isWholeCharacter(text, dashes - 1) ? dashes - 1 : dashes;
+    const bool isPartOfAnother = dashes > 0 && platform::firstCharacters(text.substr(dashes - 1), 1).size() > 1;
+    return isPartOfAnother ? dashes - 1 : dashes;
 }
 
-/// The name before the first "=" and the value behind it, if there is one.
+/// The name before the first "=" and the value behind it, if there is one. A value may begin with a combining mark.
 std::pair<std::string_view, std::optional<std::string_view>> splitAtEqualsSign(std::string_view text) {
-    std::size_t equals = text.find('=');
-    while (equals != std::string_view::npos && !isWholeCharacter(text, equals)) {
-        equals = text.find('=', equals + 1);
-    }
+    const std::size_t equals = text.find('=');
     if (equals == std::string_view::npos) {
         return {text, std::nullopt};
     }

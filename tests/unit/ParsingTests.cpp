@@ -63,10 +63,11 @@ TEST(Parsing, EveryStrategyOfAnOption) {
         // What is a value, and what is behind the terminator.
         Row{"- '' a-b=c -- -b --c --- -- ''", "scan=[1,2] up=[old] values=[-,'',a-b=c,-b,--c,---,--,'']"},
         Row{"-aé -b", "Unknown option '-é'"},
-        // A dash or "=" under a combining mark is another character.
+        // A dash under a combining mark is another character; "=" always ends the name.
         Row{"-\u0301 --file -\u0301x", "file=-\u0301x scan=[1,2] up=[old] values=[-\u0301]"},
         Row{"--\u0301", "Unknown option '--\u0301'"},
-        Row{"--file=\u0301x", "Unknown option '--file=\u0301x'. Did you mean '--file'?"},
+        Row{"--file=\u0301x", "file=\u0301x" + rest},
+        Row{"-f=\uFE0Fx", "file=\uFE0Fx" + rest},
         // Joined, and a group that is a long name behind a single dash.
         Row{"-n5", "number=5" + rest},
         Row{"-nba=x", "number=ba=x" + rest},
