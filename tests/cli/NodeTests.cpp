@@ -14,6 +14,7 @@ TEST(Node, SendsWhatIsGiven) {
         requestRow(with("node list --name Ä --offset 7 --limit 500 --parent " + id, filters),
                    "GET /api/nodes?limit=500&offset=7&parentId=" + id + filterQuery + "&name=%C3%84"),
         requestRow("node get " + id, "GET /api/nodes/" + id + "?offset=0&limit=25"),
+        row("node get " + id, "GET /api/nodes/" + id + "?offset=0&limit=25", "", "\n"),
         requestRow("node get --tail-limit 25 --limit 500 " + id + " --head-limit 1 --offset 3",
                    "GET /api/nodes/" + id + "?offset=3&limit=500&headLimit=1&tailLimit=25"),
         requestRow("node get " + id + " --limit 1 --tail-limit 1 --head-limit 25",

@@ -11,6 +11,7 @@ TEST(SkillSuggestion, PassesOnWhatTheServiceSays) {
     const std::string create = "create-0123456789abcdef";
     const std::vector<CommandRow> rows{
         requestRow("skill suggestion ls", "GET" + path),
+        row("skill suggestion ls", "GET" + path, "", "\n"),
         requestRow("skill suggestion show " + update, "GET" + path + "/" + update),
         requestRow("skill suggestion apply " + create, "POST" + path + "/" + create + "/apply\n{}"),
     };
