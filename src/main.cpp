@@ -1,7 +1,7 @@
 // The process entry.
 #include "ArgumentParser/RunCommandLine.h"
 #include "RootCommand.h"
-#include "platform/Streams.h"
+#include "platform/files/Streams.h"
 
 int main(int argumentCount, char** arguments) {
     platform::reserveStandardStreams();

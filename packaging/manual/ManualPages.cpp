@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "Roff.h"
-#include "platform/Text.h"
+#include "platform/text/Text.h"
 
 namespace manual {
 

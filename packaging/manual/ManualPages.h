@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "ArgumentParser/ToolInfo.h"
+#include "ArgumentParser/description/ToolInfo.h"
 
 namespace manual {
 

@@ -1,6 +1,6 @@
 #include "Roff.h"
 
-#include "platform/Text.h"
+#include "platform/text/Text.h"
 
 namespace manual {
 

@@ -5,7 +5,7 @@
 #include <stdexcept>
 
 #include "ManualPages.h"
-#include "platform/Files.h"
+#include "platform/files/Files.h"
 
 namespace {
 

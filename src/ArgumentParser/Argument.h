@@ -1,7 +1,7 @@
 // A positional input.
 #pragma once
 
-#include "ArgumentParser/ValueReadingInput.h"
+#include "ArgumentParser/declaration/ValueReadingInput.h"
 
 namespace argumentparser {
 

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string_view>
 
-#include "ArgumentParser/KebabCase.h"
+#include "ArgumentParser/declaration/KebabCase.h"
 
 namespace argumentparser {
 

@@ -14,8 +14,8 @@
 #include <vector>
 
 #include "ArgumentParser/CompletionKind.h"
-#include "ArgumentParser/FloatingPoint.h"
-#include "platform/Text.h"
+#include "ArgumentParser/declaration/FloatingPoint.h"
+#include "platform/text/Text.h"
 
 namespace argumentparser {
 

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "ArgumentParser/ArgumentHelp.h"
-#include "ArgumentParser/DecodedInput.h"
 #include "ArgumentParser/ExpressibleByArgument.h"
+#include "ArgumentParser/declaration/DecodedInput.h"
 
 namespace argumentparser {
 

@@ -1,7 +1,7 @@
 // A named input with a value.
 #pragma once
 
-#include "ArgumentParser/ValueReadingInput.h"
+#include "ArgumentParser/declaration/ValueReadingInput.h"
 
 namespace argumentparser {
 

@@ -1,8 +1,8 @@
 // A subcommand's view of one of its ancestors on the command line.
 #pragma once
 
-#include "ArgumentParser/DecodedCommands.h"
-#include "ArgumentParser/DecodedInput.h"
+#include "ArgumentParser/declaration/DecodedCommands.h"
+#include "ArgumentParser/declaration/DecodedInput.h"
 
 namespace argumentparser {
 

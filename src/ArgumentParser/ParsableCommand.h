@@ -15,10 +15,10 @@
 #include <string_view>
 #include <vector>
 
-#include "ArgumentParser/ArgumentSet.h"
 #include "ArgumentParser/CommandType.h"
 #include "ArgumentParser/CompletionKind.h"
-#include "ArgumentParser/Occurrence.h"
+#include "ArgumentParser/declaration/ArgumentSet.h"
+#include "ArgumentParser/declaration/Occurrence.h"
 
 namespace argumentparser {
 

@@ -6,11 +6,11 @@
 #include <vector>
 
 #include "ArgumentParser/CommandExit.h"
-#include "ArgumentParser/CommandParser.h"
-#include "ArgumentParser/MessageInfo.h"
-#include "platform/Streams.h"
-#include "platform/TerminalText.h"
-#include "platform/Text.h"
+#include "ArgumentParser/messages/MessageInfo.h"
+#include "ArgumentParser/parsing/CommandParser.h"
+#include "platform/files/Streams.h"
+#include "platform/text/TerminalText.h"
+#include "platform/text/Text.h"
 
 namespace argumentparser {
 

@@ -2,12 +2,12 @@
 #include <algorithm>
 #include <array>
 
-#include "core/Answers.h"
-#include "core/Query.h"
-#include "core/ReportingChecks.h"
+#include "core/inputs/ReportingChecks.h"
+#include "core/service/Answers.h"
+#include "core/service/Query.h"
 #include "extras/Extras.h"
-#include "platform/Text.h"
-#include "platform/TimeZones.h"
+#include "platform/text/Text.h"
+#include "platform/time/TimeZones.h"
 
 namespace orvane {
 

@@ -1,14 +1,14 @@
 // `asset`: the images of contexts.
-#include "core/CLIError.h"
-#include "core/Identifiers.h"
-#include "core/ServiceClient.h"
-#include "core/Style.h"
+#include "core/inputs/Identifiers.h"
+#include "core/output/Style.h"
+#include "core/service/CLIError.h"
+#include "core/service/ServiceClient.h"
 #include "extras/Extras.h"
-#include "platform/Files.h"
-#include "platform/Json.h"
-#include "platform/PrivateFiles.h"
-#include "platform/Streams.h"
-#include "platform/Text.h"
+#include "platform/files/Files.h"
+#include "platform/files/PrivateFiles.h"
+#include "platform/files/Streams.h"
+#include "platform/json/Json.h"
+#include "platform/text/Text.h"
 
 namespace orvane {
 

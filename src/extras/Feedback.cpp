@@ -1,8 +1,8 @@
 // `feedback`: a report to the makers of the application.
-#include "core/Answers.h"
-#include "core/TextInput.h"
+#include "core/inputs/TextInput.h"
+#include "core/service/Answers.h"
 #include "extras/Extras.h"
-#include "platform/Streams.h"
+#include "platform/files/Streams.h"
 
 namespace orvane {
 

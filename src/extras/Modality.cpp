@@ -1,6 +1,6 @@
 // `modality`: how a slice that a search returned is to be read.
-#include "core/Answers.h"
-#include "core/Identifiers.h"
+#include "core/inputs/Identifiers.h"
+#include "core/service/Answers.h"
 #include "extras/Extras.h"
 
 namespace orvane {

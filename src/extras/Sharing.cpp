@@ -1,8 +1,8 @@
 // `sharing`: who else has a node, and how much of it. A team's grant names the team; a personal one goes to a person
 // outside any.
-#include "core/Answers.h"
-#include "core/Checks.h"
-#include "core/Identifiers.h"
+#include "core/inputs/Checks.h"
+#include "core/inputs/Identifiers.h"
+#include "core/service/Answers.h"
 #include "extras/Extras.h"
 
 namespace orvane {

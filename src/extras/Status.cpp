@@ -1,12 +1,12 @@
 // `status`: whether the application is there, and how up to date its library is.
 #include <algorithm>
 
-#include "core/Answers.h"
 #include "core/CommandModel.h"
-#include "core/DisplayDates.h"
-#include "core/LabelledRows.h"
+#include "core/output/DisplayDates.h"
+#include "core/output/LabelledRows.h"
+#include "core/service/Answers.h"
 #include "extras/Extras.h"
-#include "platform/Text.h"
+#include "platform/text/Text.h"
 
 namespace orvane {
 

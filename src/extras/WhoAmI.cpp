@@ -1,10 +1,10 @@
 // `whoami`: who is signed in.
-#include "core/Answers.h"
 #include "core/CommandModel.h"
-#include "core/LabelledRows.h"
+#include "core/output/LabelledRows.h"
+#include "core/service/Answers.h"
 #include "extras/Extras.h"
-#include "platform/Streams.h"
-#include "platform/Text.h"
+#include "platform/files/Streams.h"
+#include "platform/text/Text.h"
 
 namespace orvane {
 

@@ -1,10 +1,10 @@
 // `check-in`: a compact view of the user and their recent work, for the start of an agent's session.
-#include "core/Answers.h"
-#include "core/Checks.h"
-#include "core/Query.h"
+#include "core/inputs/Checks.h"
+#include "core/service/Answers.h"
+#include "core/service/Query.h"
 #include "library/CheckInBriefing.h"
 #include "library/Library.h"
-#include "platform/Streams.h"
+#include "platform/files/Streams.h"
 
 namespace orvane {
 

@@ -1,7 +1,7 @@
 #include "library/CheckInBriefing.h"
 
-#include "core/SingleLine.h"
-#include "platform/Text.h"
+#include "core/output/SingleLine.h"
+#include "platform/text/Text.h"
 
 namespace orvane {
 

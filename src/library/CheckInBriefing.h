@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "platform/Json.h"
+#include "platform/json/Json.h"
 
 namespace orvane {
 

@@ -1,9 +1,9 @@
 // `context`: the Markdown documents that the user keeps in the library.
-#include "core/Answers.h"
-#include "core/Checks.h"
-#include "core/ContextEdit.h"
-#include "core/HelpTexts.h"
-#include "core/Identifiers.h"
+#include "core/inputs/Checks.h"
+#include "core/inputs/ContextEdit.h"
+#include "core/inputs/HelpTexts.h"
+#include "core/inputs/Identifiers.h"
+#include "core/service/Answers.h"
 #include "library/Library.h"
 #include "library/ReadWindow.h"
 

@@ -1,6 +1,6 @@
 // `integration`: the services that content comes from, the user's own and those shared by teams.
-#include "core/Answers.h"
-#include "core/Query.h"
+#include "core/service/Answers.h"
+#include "core/service/Query.h"
 #include "library/Library.h"
 
 namespace orvane {

@@ -1,8 +1,8 @@
 // `node`: the graph items that everything in the library is made of. All checks are made before anything runs.
-#include "core/Answers.h"
-#include "core/Checks.h"
-#include "core/HelpTexts.h"
-#include "core/Identifiers.h"
+#include "core/inputs/Checks.h"
+#include "core/inputs/HelpTexts.h"
+#include "core/inputs/Identifiers.h"
+#include "core/service/Answers.h"
 #include "library/Library.h"
 #include "library/ReadWindow.h"
 

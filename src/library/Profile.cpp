@@ -1,9 +1,9 @@
 // `profile`: the user's structured profile, made of scalar fields, Markdown texts and cards. Which sections and fields
 // there are is the service's to say.
-#include "core/Answers.h"
-#include "core/Checks.h"
-#include "core/Query.h"
-#include "core/TextInput.h"
+#include "core/inputs/Checks.h"
+#include "core/inputs/TextInput.h"
+#include "core/service/Answers.h"
+#include "core/service/Query.h"
 #include "library/Library.h"
 
 namespace orvane {

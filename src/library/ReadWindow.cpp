@@ -1,6 +1,6 @@
 #include "library/ReadWindow.h"
 
-#include "core/Checks.h"
+#include "core/inputs/Checks.h"
 
 namespace orvane {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/CommandModel.h"
-#include "core/Query.h"
+#include "core/service/Query.h"
 
 namespace orvane {
 

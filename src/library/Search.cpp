@@ -1,9 +1,9 @@
 // `search`: the whole library by meaning or by its letters.
-#include "core/Answers.h"
-#include "core/HelpTexts.h"
-#include "core/Identifiers.h"
-#include "core/Query.h"
-#include "core/TypeGroups.h"
+#include "core/inputs/HelpTexts.h"
+#include "core/inputs/Identifiers.h"
+#include "core/inputs/TypeGroups.h"
+#include "core/service/Answers.h"
+#include "core/service/Query.h"
 #include "library/Library.h"
 
 namespace orvane {

@@ -1,13 +1,13 @@
 // `source`: the worlds that the library's content comes from. All checks are made before anything runs.
 #include <algorithm>
 
-#include "core/Answers.h"
-#include "core/Checks.h"
-#include "core/HelpTexts.h"
-#include "core/Identifiers.h"
+#include "core/inputs/Checks.h"
+#include "core/inputs/HelpTexts.h"
+#include "core/inputs/Identifiers.h"
+#include "core/service/Answers.h"
 #include "library/Library.h"
 #include "library/ReadWindow.h"
-#include "platform/Text.h"
+#include "platform/text/Text.h"
 
 namespace orvane {
 

@@ -1,5 +1,5 @@
 // `team`: the teams that the account belongs to.
-#include "core/Answers.h"
+#include "core/service/Answers.h"
 #include "library/Library.h"
 
 namespace orvane {

@@ -1,8 +1,8 @@
 // `transcript`: synced AI conversations. All checks are made while the command runs.
-#include "core/Answers.h"
-#include "core/Checks.h"
-#include "core/HelpTexts.h"
-#include "core/Identifiers.h"
+#include "core/inputs/Checks.h"
+#include "core/inputs/HelpTexts.h"
+#include "core/inputs/Identifiers.h"
+#include "core/service/Answers.h"
 #include "library/Library.h"
 #include "library/ReadWindow.h"
 

@@ -1,5 +1,5 @@
 // `assertions` and `assertion`: immutable statements about an Object, each supported by nodes of the library.
-#include "core/Checks.h"
+#include "core/inputs/Checks.h"
 #include "ontology/CommonShapes.h"
 #include "ontology/Drafts.h"
 #include "ontology/OntologyGroups.h"

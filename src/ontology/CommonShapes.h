@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "core/Identifiers.h"
+#include "core/inputs/Identifiers.h"
 #include "ontology/OntologyRequests.h"
 
 namespace orvane {

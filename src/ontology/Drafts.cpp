@@ -1,9 +1,9 @@
 #include "ontology/Drafts.h"
 
-#include "core/CLIError.h"
-#include "platform/Files.h"
-#include "platform/Json.h"
-#include "platform/Streams.h"
+#include "core/service/CLIError.h"
+#include "platform/files/Files.h"
+#include "platform/files/Streams.h"
+#include "platform/json/Json.h"
 
 namespace orvane {
 

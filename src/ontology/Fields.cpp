@@ -1,5 +1,5 @@
 // `primitives`, `fields` and `field`: what a Type says of its Objects. Bodies are drafts, passed through as written.
-#include "core/Checks.h"
+#include "core/inputs/Checks.h"
 #include "ontology/CommonShapes.h"
 #include "ontology/Drafts.h"
 #include "ontology/OntologyGroups.h"

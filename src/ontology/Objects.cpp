@@ -1,5 +1,5 @@
 // `objects` and `object`: instances of one concrete Type.
-#include "core/Checks.h"
+#include "core/inputs/Checks.h"
 #include "ontology/CommonShapes.h"
 #include "ontology/OntologyGroups.h"
 #include "ontology/OntologyInputs.h"

@@ -1,7 +1,7 @@
 #include "ontology/OntologyInputs.h"
 
-#include "core/Checks.h"
-#include "core/Identifiers.h"
+#include "core/inputs/Checks.h"
+#include "core/inputs/Identifiers.h"
 
 namespace orvane {
 

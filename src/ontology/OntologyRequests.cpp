@@ -1,8 +1,8 @@
 #include "ontology/OntologyRequests.h"
 
-#include "core/Answers.h"
+#include "core/service/Answers.h"
 #include "ontology/OntologyInputs.h"
-#include "platform/Streams.h"
+#include "platform/files/Streams.h"
 
 namespace orvane {
 

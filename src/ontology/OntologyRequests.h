@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "core/JsonBody.h"
-#include "core/Query.h"
+#include "core/service/JsonBody.h"
+#include "core/service/Query.h"
 
 namespace orvane {
 

@@ -1,5 +1,5 @@
 // `types` and `type`: what Objects are instances of.
-#include "core/Checks.h"
+#include "core/inputs/Checks.h"
 #include "ontology/CommonShapes.h"
 #include "ontology/OntologyGroups.h"
 #include "ontology/OntologyInputs.h"

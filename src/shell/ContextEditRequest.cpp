@@ -1,6 +1,6 @@
 #include "shell/ContextEditRequest.h"
 
-#include "core/Query.h"
+#include "core/service/Query.h"
 
 namespace orvane {
 

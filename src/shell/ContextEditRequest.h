@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/ServiceClient.h"
+#include "core/service/ServiceClient.h"
 
 namespace orvane {
 

@@ -1,9 +1,9 @@
 // `delete`: a transcript chat deleted, after a preview and a yes from a person.
-#include "core/Answers.h"
-#include "core/CLIError.h"
-#include "core/Confirmation.h"
-#include "core/Identifiers.h"
-#include "core/MutationLine.h"
+#include "core/inputs/Confirmation.h"
+#include "core/inputs/Identifiers.h"
+#include "core/output/MutationLine.h"
+#include "core/service/Answers.h"
+#include "core/service/CLIError.h"
 #include "shell/Shell.h"
 
 namespace orvane {

@@ -1,6 +1,6 @@
 // `head`: the beginning of a node's text.
-#include "core/Identifiers.h"
-#include "core/Query.h"
+#include "core/inputs/Identifiers.h"
+#include "core/service/Query.h"
 #include "shell/NodeText.h"
 #include "shell/Shell.h"
 

@@ -1,8 +1,8 @@
 // `ls`: the children of a node, or the source roots.
-#include "core/Checks.h"
-#include "core/HelpTexts.h"
-#include "core/Identifiers.h"
-#include "core/TypeGroups.h"
+#include "core/inputs/Checks.h"
+#include "core/inputs/HelpTexts.h"
+#include "core/inputs/Identifiers.h"
+#include "core/inputs/TypeGroups.h"
 #include "shell/EmailFilters.h"
 #include "shell/FilterHelp.h"
 #include "shell/InitiatedArgument.h"

@@ -1,9 +1,9 @@
 // `mkdir`: a new folder.
-#include "core/Answers.h"
-#include "core/HelpTexts.h"
-#include "core/Identifiers.h"
-#include "core/MutationLine.h"
-#include "core/Query.h"
+#include "core/inputs/HelpTexts.h"
+#include "core/inputs/Identifiers.h"
+#include "core/output/MutationLine.h"
+#include "core/service/Answers.h"
+#include "core/service/Query.h"
 #include "shell/Shell.h"
 
 namespace orvane {

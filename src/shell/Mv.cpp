@@ -1,10 +1,10 @@
 // `mv`: a context or folder moved, renamed or taken out of its folder.
-#include "core/Answers.h"
-#include "core/Checks.h"
-#include "core/Identifiers.h"
-#include "core/MutationLine.h"
-#include "core/Query.h"
-#include "core/SingleLine.h"
+#include "core/inputs/Checks.h"
+#include "core/inputs/Identifiers.h"
+#include "core/output/MutationLine.h"
+#include "core/output/SingleLine.h"
+#include "core/service/Answers.h"
+#include "core/service/Query.h"
 #include "shell/Shell.h"
 
 namespace orvane {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
-#include "core/DisplayDates.h"
-#include "platform/Text.h"
+#include "core/output/DisplayDates.h"
+#include "platform/text/Text.h"
 
 namespace orvane {
 

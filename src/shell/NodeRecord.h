@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/Dates.h"
-#include "platform/Json.h"
+#include "platform/json/Json.h"
+#include "platform/time/Dates.h"
 
 namespace orvane {
 

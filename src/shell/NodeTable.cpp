@@ -1,7 +1,7 @@
 #include "shell/NodeTable.h"
 
-#include "core/Answers.h"
-#include "platform/Streams.h"
+#include "core/service/Answers.h"
+#include "platform/files/Streams.h"
 #include "shell/NodeRecord.h"
 #include "shell/TabTable.h"
 

@@ -1,11 +1,11 @@
 #include "shell/NodeText.h"
 
-#include "core/Answers.h"
-#include "core/CLIError.h"
-#include "core/SingleLine.h"
-#include "core/Style.h"
-#include "platform/Streams.h"
-#include "platform/Text.h"
+#include "core/output/SingleLine.h"
+#include "core/output/Style.h"
+#include "core/service/Answers.h"
+#include "core/service/CLIError.h"
+#include "platform/files/Streams.h"
+#include "platform/text/Text.h"
 #include "shell/NodeRecord.h"
 
 namespace orvane {

@@ -1,11 +1,11 @@
 // `replace-lines`: a block of whole lines of a context replaced or deleted.
 #include <algorithm>
 
-#include "core/Answers.h"
-#include "core/Checks.h"
-#include "core/Identifiers.h"
-#include "core/MutationLine.h"
-#include "core/TextInput.h"
+#include "core/inputs/Checks.h"
+#include "core/inputs/Identifiers.h"
+#include "core/inputs/TextInput.h"
+#include "core/output/MutationLine.h"
+#include "core/service/Answers.h"
 #include "shell/ContextEditRequest.h"
 #include "shell/Shell.h"
 

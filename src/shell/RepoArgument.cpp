@@ -1,7 +1,7 @@
 #include "shell/RepoArgument.h"
 
-#include "platform/Files.h"
-#include "platform/Text.h"
+#include "platform/files/Files.h"
+#include "platform/text/Text.h"
 
 namespace orvane {
 

@@ -1,8 +1,8 @@
 // `rm`: a context deleted, without asking.
-#include "core/Answers.h"
-#include "core/Identifiers.h"
-#include "core/MutationLine.h"
-#include "core/Query.h"
+#include "core/inputs/Identifiers.h"
+#include "core/output/MutationLine.h"
+#include "core/service/Answers.h"
+#include "core/service/Query.h"
 #include "shell/Shell.h"
 
 namespace orvane {

@@ -1,9 +1,9 @@
 // `sed`: an exact text of a context replaced by another.
-#include "core/Answers.h"
-#include "core/Checks.h"
-#include "core/ContextEdit.h"
-#include "core/Identifiers.h"
-#include "core/MutationLine.h"
+#include "core/inputs/Checks.h"
+#include "core/inputs/ContextEdit.h"
+#include "core/inputs/Identifiers.h"
+#include "core/output/MutationLine.h"
+#include "core/service/Answers.h"
 #include "shell/ContextEditRequest.h"
 #include "shell/Shell.h"
 

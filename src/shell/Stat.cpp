@@ -1,14 +1,14 @@
 // `stat`: what a node is and where it sits.
 #include <algorithm>
 
-#include "core/Answers.h"
-#include "core/DisplayDates.h"
-#include "core/Identifiers.h"
-#include "core/LabelledRows.h"
-#include "core/Query.h"
-#include "core/SingleLine.h"
-#include "platform/Streams.h"
-#include "platform/Text.h"
+#include "core/inputs/Identifiers.h"
+#include "core/output/DisplayDates.h"
+#include "core/output/LabelledRows.h"
+#include "core/output/SingleLine.h"
+#include "core/service/Answers.h"
+#include "core/service/Query.h"
+#include "platform/files/Streams.h"
+#include "platform/text/Text.h"
 #include "shell/NodeRecord.h"
 #include "shell/Shell.h"
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "core/SingleLine.h"
-#include "platform/Text.h"
+#include "core/output/SingleLine.h"
+#include "platform/text/Text.h"
 
 namespace orvane {
 

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/Style.h"
+#include "core/output/Style.h"
 
 namespace orvane {
 

@@ -1,6 +1,6 @@
 // `tail`: the end of a node's text.
-#include "core/Identifiers.h"
-#include "core/Query.h"
+#include "core/inputs/Identifiers.h"
+#include "core/service/Query.h"
 #include "shell/NodeText.h"
 #include "shell/Shell.h"
 

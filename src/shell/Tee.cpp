@@ -1,12 +1,12 @@
 // `tee`: a new context, whose body comes from a pipe or a file.
-#include "core/Answers.h"
-#include "core/HelpTexts.h"
-#include "core/Identifiers.h"
-#include "core/MutationLine.h"
-#include "core/Query.h"
-#include "core/TextInput.h"
-#include "platform/Streams.h"
-#include "platform/Text.h"
+#include "core/inputs/HelpTexts.h"
+#include "core/inputs/Identifiers.h"
+#include "core/inputs/TextInput.h"
+#include "core/output/MutationLine.h"
+#include "core/service/Answers.h"
+#include "core/service/Query.h"
+#include "platform/files/Streams.h"
+#include "platform/text/Text.h"
 #include "shell/Shell.h"
 
 namespace orvane {

@@ -2,11 +2,11 @@
 // asked, and each shape has options of its own.
 #include <algorithm>
 
-#include "core/Answers.h"
-#include "core/Checks.h"
-#include "core/Query.h"
-#include "core/ReportingChecks.h"
-#include "platform/Text.h"
+#include "core/inputs/Checks.h"
+#include "core/inputs/ReportingChecks.h"
+#include "core/service/Answers.h"
+#include "core/service/Query.h"
+#include "platform/text/Text.h"
 #include "skills/SkillCommands.h"
 
 namespace orvane {

@@ -1,8 +1,8 @@
 // `feedback`: a report about a skill, for those who keep it. All checks are made while the command runs.
-#include "core/ServiceClient.h"
-#include "core/TextInput.h"
-#include "platform/Streams.h"
-#include "platform/Text.h"
+#include "core/inputs/TextInput.h"
+#include "core/service/ServiceClient.h"
+#include "platform/files/Streams.h"
+#include "platform/text/Text.h"
 #include "skills/SkillCommands.h"
 
 namespace orvane {

@@ -1,12 +1,12 @@
 // `file` and `validate`: the package of files that a skill is. An edit may leave a package that can't be installed; it
 // says so and succeeds, and only `validate` fails of it.
-#include "core/Answers.h"
-#include "core/Checks.h"
-#include "core/MutationLine.h"
-#include "core/Query.h"
-#include "core/Style.h"
-#include "platform/Streams.h"
-#include "platform/Text.h"
+#include "core/inputs/Checks.h"
+#include "core/output/MutationLine.h"
+#include "core/output/Style.h"
+#include "core/service/Answers.h"
+#include "core/service/Query.h"
+#include "platform/files/Streams.h"
+#include "platform/text/Text.h"
 #include "skills/SkillCommands.h"
 #include "skills/SkillInputs.h"
 

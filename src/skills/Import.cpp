@@ -1,8 +1,8 @@
 // `import`: a skill that lies in an agent's directory, taken into the library where it is.
-#include "core/Answers.h"
-#include "core/Checks.h"
-#include "platform/Files.h"
-#include "platform/Text.h"
+#include "core/inputs/Checks.h"
+#include "core/service/Answers.h"
+#include "platform/files/Files.h"
+#include "platform/text/Text.h"
 #include "skills/SkillCommands.h"
 
 namespace orvane {

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <array>
 
-#include "core/Answers.h"
-#include "core/Confirmation.h"
-#include "core/MutationLine.h"
-#include "core/Query.h"
-#include "platform/Streams.h"
+#include "core/inputs/Confirmation.h"
+#include "core/output/MutationLine.h"
+#include "core/service/Answers.h"
+#include "core/service/Query.h"
+#include "platform/files/Streams.h"
 #include "skills/SkillCommands.h"
 #include "skills/SkillInputs.h"
 

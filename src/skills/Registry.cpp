@@ -1,8 +1,8 @@
 // The skills and bundles of the library. A bundle groups skills, one level deep. Ids are checked while a command runs.
-#include "core/Answers.h"
-#include "core/Checks.h"
-#include "core/Confirmation.h"
-#include "core/Identifiers.h"
+#include "core/inputs/Checks.h"
+#include "core/inputs/Confirmation.h"
+#include "core/inputs/Identifiers.h"
+#include "core/service/Answers.h"
 #include "skills/SkillCommands.h"
 #include "skills/SkillInputs.h"
 

@@ -1,8 +1,8 @@
 #include "skills/SkillInputs.h"
 
-#include "core/Identifiers.h"
-#include "platform/Files.h"
-#include "platform/Text.h"
+#include "core/inputs/Identifiers.h"
+#include "platform/files/Files.h"
+#include "platform/text/Text.h"
 
 namespace orvane {
 

@@ -1,6 +1,6 @@
 // `suggestion`: edits and new skills that the application proposes. Its refusals are passed on as they came, for the
 // machine word in them is what an agent reads.
-#include "core/Answers.h"
+#include "core/service/Answers.h"
 #include "skills/SkillCommands.h"
 
 namespace orvane {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "ArgumentParser/CompletionShell.h"
+#include "ArgumentParser/completions/CompletionShell.h"
 
 namespace testsupport {
 

@@ -3,8 +3,8 @@
 
 #include <gmock/gmock.h>
 
-#include "ArgumentParser/CompletionShell.h"
-#include "ArgumentParser/CompletionsGenerator.h"
+#include "ArgumentParser/completions/CompletionShell.h"
+#include "ArgumentParser/completions/CompletionsGenerator.h"
 #include "ParserFixture.h"
 #include "support/Shells.h"
 #include "support/TemporaryFiles.h"

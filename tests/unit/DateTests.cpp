@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/DisplayDates.h"
+#include "core/output/DisplayDates.h"
 
 using namespace orvane;
 

@@ -1,8 +1,8 @@
 #include <list>
 
-#include "ArgumentParser/HelpGenerator.h"
-#include "ArgumentParser/TextLayout.h"
-#include "ArgumentParser/UsageGenerator.h"
+#include "ArgumentParser/help/HelpGenerator.h"
+#include "ArgumentParser/help/TextLayout.h"
+#include "ArgumentParser/help/UsageGenerator.h"
 #include "unit/ParserFixture.h"
 
 using namespace parsertest;

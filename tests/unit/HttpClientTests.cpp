@@ -11,8 +11,8 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/HttpClient.h"
-#include "platform/HttpResponseReader.h"
+#include "platform/http/HttpClient.h"
+#include "platform/http/HttpResponseReader.h"
 #include "support/ScriptedService.h"
 #include "support/TestNetwork.h"
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "core/Identifiers.h"
+#include "core/inputs/Identifiers.h"
 
 namespace {
 

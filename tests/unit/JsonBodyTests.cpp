@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "core/JsonBody.h"
+#include "core/service/JsonBody.h"
 
 using orvane::JsonBody;
 

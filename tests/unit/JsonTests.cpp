@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/Json.h"
+#include "platform/json/Json.h"
 
 using namespace platform;
 using testing::ElementsAre;

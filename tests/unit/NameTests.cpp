@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "ArgumentParser/EditDistance.h"
-#include "ArgumentParser/KebabCase.h"
-#include "ArgumentParser/Name.h"
+#include "ArgumentParser/declaration/KebabCase.h"
+#include "ArgumentParser/declaration/Name.h"
+#include "ArgumentParser/messages/EditDistance.h"
 
 using namespace argumentparser;
 

@@ -12,13 +12,13 @@
 
 #include "ArgumentParser/Argument.h"
 #include "ArgumentParser/CommandExit.h"
-#include "ArgumentParser/CommandParser.h"
 #include "ArgumentParser/Flag.h"
-#include "ArgumentParser/MessageInfo.h"
 #include "ArgumentParser/Option.h"
 #include "ArgumentParser/OptionGroup.h"
 #include "ArgumentParser/ParentCommand.h"
-#include "platform/Text.h"
+#include "ArgumentParser/messages/MessageInfo.h"
+#include "ArgumentParser/parsing/CommandParser.h"
+#include "platform/text/Text.h"
 
 namespace parsertest {
 

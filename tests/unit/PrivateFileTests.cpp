@@ -2,8 +2,8 @@
 #include <system_error>
 #include <thread>
 
-#include "platform/Files.h"
-#include "platform/PrivateFiles.h"
+#include "platform/files/Files.h"
+#include "platform/files/PrivateFiles.h"
 #include "support/TemporaryFiles.h"
 
 using namespace platform;

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "platform/Redirect.h"
+#include "platform/http/Redirect.h"
 
 namespace {
 

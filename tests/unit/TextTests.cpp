@@ -4,12 +4,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "core/CLIError.h"
-#include "core/SingleLine.h"
-#include "core/TextInput.h"
-#include "platform/Files.h"
-#include "platform/TerminalText.h"
-#include "platform/Text.h"
+#include "core/inputs/TextInput.h"
+#include "core/output/SingleLine.h"
+#include "core/service/CLIError.h"
+#include "platform/files/Files.h"
+#include "platform/text/TerminalText.h"
+#include "platform/text/Text.h"
 #include "shell/RepoArgument.h"
 #include "shell/TabTable.h"
 #include "support/TemporaryFiles.h"

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/TimeZones.h"
+#include "platform/time/TimeZones.h"
 
 using namespace platform;
 

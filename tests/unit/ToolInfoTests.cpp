@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "ArgumentParser/ToolInfo.h"
+#include "ArgumentParser/description/ToolInfo.h"
 #include "RootCommand.h"
 #include "support/ToolRunner.h"
 #include "unit/ParserFixture.h"
