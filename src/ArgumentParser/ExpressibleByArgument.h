@@ -4,6 +4,7 @@
 // an enumeration with a ClosedSet, or with a static `fromArgument(std::string_view)` that gives an optional value.
 #pragma once
 
+#include <array>
 #include <charconv>
 #include <concepts>
 #include <optional>
@@ -22,16 +23,24 @@ namespace argumentparser {
 /// Pairs of a value's text and its description.
 using ValueDescriptions = std::vector<std::pair<std::string_view, std::string_view>>;
 
-/// An enumeration's members with their raw texts, in order of declaration. A specialisation has
-/// `static constexpr std::pair<Value, std::string_view> members[]`, and may have `describe(Value)`, the member's
-/// description, and `flagNames(Value)`, its names when it is one of a family of flags.
-template <class Value>
-struct ClosedSet;
+/// An enumeration's members with their raw texts, in order of declaration. The set is what the function `closedSet` of
+/// the enumeration gives, which stands beside it:
+///
+///     enum class Size { small, large };
+///     constexpr ClosedSet<Size, 2> closedSet(Size) { return {{{Size::small, "small"}, {Size::large, "large"}}}; }
+///
+/// So may `describe(Size)`, a member's description, and `flagNames(Size)`, its names when it is one of a family of
+/// flags.
+template <class Value, std::size_t count>
+using ClosedSet = std::array<std::pair<Value, std::string_view>, count>;
 
 template <class Value>
-concept ClosedSetMember = requires {
-    ClosedSet<Value>::members;
+concept ClosedSetMember = std::is_enum_v<Value> && requires(Value value) {
+    closedSet(value);
 };
+
+template <ClosedSetMember Value>
+inline constexpr auto membersOf = closedSet(Value());
 
 template <class Value>
 concept ReadableFromArgument = requires(std::string_view text) {
@@ -91,7 +100,7 @@ requires(std::integral<Number> || std::floating_point<Number>) struct ArgumentVa
 template <ClosedSetMember Value>
 struct ArgumentValue<Value> {
     static std::optional<Value> read(std::string_view text) {
-        for (const auto& [value, rawText] : ClosedSet<Value>::members) {
+        for (const auto& [value, rawText] : membersOf<Value>) {
             if (rawText == text) {
                 return value;
             }
@@ -100,7 +109,7 @@ struct ArgumentValue<Value> {
     }
     static std::string defaultValueDescription(Value value) { return std::string(rawText(value)); }
     static std::string_view rawText(Value value) {
-        for (const auto& [member, text] : ClosedSet<Value>::members) {
+        for (const auto& [member, text] : membersOf<Value>) {
             if (member == value) {
                 return text;
             }
@@ -109,7 +118,7 @@ struct ArgumentValue<Value> {
     }
     static std::vector<std::string_view> allValueStrings() {
         std::vector<std::string_view> texts;
-        for (const auto& member : ClosedSet<Value>::members) {
+        for (const auto& member : membersOf<Value>) {
             texts.push_back(member.second);
         }
         return texts;
@@ -117,9 +126,9 @@ struct ArgumentValue<Value> {
     static CompletionKind defaultCompletionKind() { return {CompletionKind::List{allValueStrings()}}; }
     static ValueDescriptions allValueDescriptions() {
         ValueDescriptions descriptions;
-        if constexpr (requires(Value value) { ClosedSet<Value>::describe(value); }) {
-            for (const auto& [value, text] : ClosedSet<Value>::members) {
-                descriptions.emplace_back(text, ClosedSet<Value>::describe(value));
+        if constexpr (requires(Value value) { describe(value); }) {
+            for (const auto& [value, text] : membersOf<Value>) {
+                descriptions.emplace_back(text, describe(value));
             }
         }
         return descriptions;

@@ -56,11 +56,11 @@ public:
 
     void addDefinitions(ArgumentSet& arguments, const InputContext& context) override {
         if constexpr (isFamily) {
-            for (std::size_t i = 0; i < std::size(ClosedSet<Element>::members); ++i) {
-                const auto& [value, text] = ClosedSet<Element>::members[i];
+            for (std::size_t i = 0; i < membersOf<Element>.size(); ++i) {
+                const auto& [value, text] = membersOf<Element>[i];
                 ArgumentDefinition definition = this->definition(context, familyNames(value, text), i);
-                if constexpr (requires(Element member) { ClosedSet<Element>::describe(member); }) {
-                    definition.help.abstract = ClosedSet<Element>::describe(value);
+                if constexpr (requires(Element member) { describe(member); }) {
+                    definition.help.abstract = describe(value);
                 }
                 arguments.append(std::move(definition));
             }
@@ -115,8 +115,8 @@ private:
     }
 
     static std::vector<Name> familyNames(Element value, std::string_view text) {
-        if constexpr (requires { ClosedSet<Element>::flagNames(value); }) {
-            return ClosedSet<Element>::flagNames(value).names(text);
+        if constexpr (requires { flagNames(value); }) {
+            return flagNames(value).names(text);
         } else {
             return NameSpecification{longName()}.names(text);
         }
@@ -133,7 +133,7 @@ private:
 
     static Element memberValue(std::size_t member) {
         if constexpr (isFamily) {
-            return ClosedSet<Element>::members[member].first;
+            return membersOf<Element>[member].first;
         } else {
             return member == onMember;
         }

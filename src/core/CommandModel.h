@@ -14,6 +14,7 @@
 namespace orvane {
 
 using argumentparser::Argument;
+using argumentparser::ClosedSet;
 using argumentparser::CommandConfiguration;
 using argumentparser::CommandType;
 using argumentparser::CompletionKind;

@@ -10,22 +10,10 @@ namespace {
 
 enum class FeedbackCategoryOption { bug, featureRequest, general };
 
-} // namespace
-
-} // namespace orvane
-
-template <>
-struct argumentparser::ClosedSet<orvane::FeedbackCategoryOption> {
-    static constexpr std::pair<orvane::FeedbackCategoryOption, std::string_view> members[]{
-        {orvane::FeedbackCategoryOption::bug, "bug"},
-        {orvane::FeedbackCategoryOption::featureRequest, "feature_request"},
-        {orvane::FeedbackCategoryOption::general, "general"},
-    };
-};
-
-namespace orvane {
-
-namespace {
+constexpr ClosedSet<FeedbackCategoryOption, 3> closedSet(FeedbackCategoryOption) {
+    using enum FeedbackCategoryOption;
+    return {{{bug, "bug"}, {featureRequest, "feature_request"}, {general, "general"}}};
+}
 
 struct Feedback final : ParsableCommand {
     static CommandConfiguration configuration() {

@@ -9,25 +9,15 @@ namespace {
 
 enum class SliceModalityArgument { invalid, stale, hypothetical, misattributed, ironic, clear };
 
-} // namespace
-
-} // namespace orvane
-
-template <>
-struct argumentparser::ClosedSet<orvane::SliceModalityArgument> {
-    static constexpr std::pair<orvane::SliceModalityArgument, std::string_view> members[]{
-        {orvane::SliceModalityArgument::invalid, "invalid"},
-        {orvane::SliceModalityArgument::stale, "stale"},
-        {orvane::SliceModalityArgument::hypothetical, "hypothetical"},
-        {orvane::SliceModalityArgument::misattributed, "misattributed"},
-        {orvane::SliceModalityArgument::ironic, "ironic"},
-        {orvane::SliceModalityArgument::clear, "clear"},
-    };
-};
-
-namespace orvane {
-
-namespace {
+constexpr ClosedSet<SliceModalityArgument, 6> closedSet(SliceModalityArgument) {
+    using enum SliceModalityArgument;
+    return {{{invalid, "invalid"},
+             {stale, "stale"},
+             {hypothetical, "hypothetical"},
+             {misattributed, "misattributed"},
+             {ironic, "ironic"},
+             {clear, "clear"}}};
+}
 
 struct Modality final : ParsableCommand {
     static CommandConfiguration configuration() {

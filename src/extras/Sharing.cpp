@@ -13,48 +13,23 @@ enum class SharingAudienceArgument { everyone, admins, user };
 enum class SharingScopeArgument { all, repos, folders };
 enum class SharingAccessArgument { viewer, editor };
 
-} // namespace
+constexpr ClosedSet<SharingAudienceArgument, 3> closedSet(SharingAudienceArgument) {
+    using enum SharingAudienceArgument;
+    return {{{everyone, "everyone"}, {admins, "admins"}, {user, "user"}}};
+}
 
-} // namespace orvane
+constexpr ClosedSet<SharingScopeArgument, 3> closedSet(SharingScopeArgument) {
+    using enum SharingScopeArgument;
+    return {{{all, "all"}, {repos, "repos"}, {folders, "folders"}}};
+}
 
-template <>
-struct argumentparser::ClosedSet<orvane::SharingAudienceArgument> {
-    static constexpr std::pair<orvane::SharingAudienceArgument, std::string_view> members[]{
-        {orvane::SharingAudienceArgument::everyone, "everyone"},
-        {orvane::SharingAudienceArgument::admins, "admins"},
-        {orvane::SharingAudienceArgument::user, "user"},
-    };
-};
-
-template <>
-struct argumentparser::ClosedSet<orvane::SharingScopeArgument> {
-    static constexpr std::pair<orvane::SharingScopeArgument, std::string_view> members[]{
-        {orvane::SharingScopeArgument::all, "all"},
-        {orvane::SharingScopeArgument::repos, "repos"},
-        {orvane::SharingScopeArgument::folders, "folders"},
-    };
-};
-
-template <>
-struct argumentparser::ClosedSet<orvane::SharingAccessArgument> {
-    static constexpr std::pair<orvane::SharingAccessArgument, std::string_view> members[]{
-        {orvane::SharingAccessArgument::viewer, "viewer"},
-        {orvane::SharingAccessArgument::editor, "editor"},
-    };
-};
-
-namespace orvane {
-
-namespace {
+constexpr ClosedSet<SharingAccessArgument, 2> closedSet(SharingAccessArgument) {
+    using enum SharingAccessArgument;
+    return {{{viewer, "viewer"}, {editor, "editor"}}};
+}
 
 std::string sharingPath(const std::string& nodeId) {
     return "/api/sharing/" + nodeId;
-}
-
-void require(bool isMet, const char* message) {
-    if (!isMet) {
-        throw ValidationError{message};
-    }
 }
 
 struct SharingGet final : ParsableCommand {
@@ -125,13 +100,13 @@ private:
         const bool hasUsers = Given(users).isGiven;
         const bool hasEmail = Given(email).isGiven;
         if (*audience != SharingAudienceArgument::user) {
-            require(hasTeam && !hasUsers && !hasEmail,
-                    "Team and admins audiences require --team and cannot include --user or --email.");
+            validateThat(hasTeam && !hasUsers && !hasEmail,
+                         "Team and admins audiences require --team and cannot include --user or --email.");
         } else if (hasTeam) {
-            require(hasUsers && !hasEmail, "A team user grant requires --user and cannot include --email.");
+            validateThat(hasUsers && !hasEmail, "A team user grant requires --user and cannot include --email.");
         } else {
-            require(hasEmail && email->find('@') != std::string::npos && !hasUsers,
-                    "A personal user grant requires --email and cannot include --user.");
+            validateThat(hasEmail && email->find('@') != std::string::npos && !hasUsers,
+                         "A personal user grant requires --email and cannot include --user.");
         }
     }
 
@@ -140,11 +115,13 @@ private:
         const bool hasFolders = Given(folders).isGiven;
         switch (*scope) {
         case SharingScopeArgument::all:
-            return require(!hasRepos && !hasFolders, "--repo and --folder require --scope repos or --scope folders.");
+            return validateThat(!hasRepos && !hasFolders,
+                                "--repo and --folder require --scope repos or --scope folders.");
         case SharingScopeArgument::repos:
-            return require(hasRepos, "--scope repos requires at least one --repo.");
+            return validateThat(hasRepos, "--scope repos requires at least one --repo.");
         case SharingScopeArgument::folders:
-            return require(hasFolders && !hasRepos, "--scope folders requires --folder and cannot include --repo.");
+            return validateThat(hasFolders && !hasRepos,
+                                "--scope folders requires --folder and cannot include --repo.");
         }
     }
 };
@@ -167,9 +144,9 @@ struct SharingRemove final : ParsableCommand {
         validateUUID(*nodeId, "node-id");
         const bool hasTeam = Given(team).isGiven;
         const bool hasUsers = Given(users).isGiven;
-        require(hasTeam || hasUsers, "Provide --team or at least one --user.");
-        require(!teamACLOnly || hasTeam, "--team-acl-only requires --team.");
-        require(!teamACLOnly || !hasUsers, "--team-acl-only cannot be combined with --user.");
+        validateThat(hasTeam || hasUsers, "Provide --team or at least one --user.");
+        validateThat(!teamACLOnly || hasTeam, "--team-acl-only requires --team.");
+        validateThat(!teamACLOnly || !hasUsers, "--team-acl-only cannot be combined with --user.");
     }
 
     void run() const override {

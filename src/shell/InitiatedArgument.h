@@ -13,13 +13,9 @@ inline constexpr const char* initiatedHelp =
     "default when set) or a conversation --kind such as codex_chat; message kinds are reached through their session "
     "kind.";
 
-} // namespace orvane
+constexpr argumentparser::ClosedSet<InitiatedArgument, 3> closedSet(InitiatedArgument) {
+    using enum InitiatedArgument;
+    return {{{human, "human"}, {agent, "agent"}, {automation, "automation"}}};
+}
 
-template <>
-struct argumentparser::ClosedSet<orvane::InitiatedArgument> {
-    static constexpr std::pair<orvane::InitiatedArgument, std::string_view> members[]{
-        {orvane::InitiatedArgument::human, "human"},
-        {orvane::InitiatedArgument::agent, "agent"},
-        {orvane::InitiatedArgument::automation, "automation"},
-    };
-};
+} // namespace orvane

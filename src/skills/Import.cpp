@@ -7,21 +7,14 @@
 
 namespace orvane {
 
+namespace {
+
 enum class SkillImportAgentArgument { claude, codex };
 
-} // namespace orvane
-
-template <>
-struct argumentparser::ClosedSet<orvane::SkillImportAgentArgument> {
-    static constexpr std::pair<orvane::SkillImportAgentArgument, std::string_view> members[]{
-        {orvane::SkillImportAgentArgument::claude, "claude"},
-        {orvane::SkillImportAgentArgument::codex, "codex"},
-    };
-};
-
-namespace orvane {
-
-namespace {
+constexpr ClosedSet<SkillImportAgentArgument, 2> closedSet(SkillImportAgentArgument) {
+    using enum SkillImportAgentArgument;
+    return {{{claude, "claude"}, {codex, "codex"}}};
+}
 
 constexpr std::chrono::seconds listingTimeout{120};
 constexpr std::chrono::seconds importTimeout{300};

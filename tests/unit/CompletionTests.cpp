@@ -21,15 +21,10 @@ namespace {
 
 enum class Weight { light, heavy };
 
-} // namespace
-
-template <>
-struct argumentparser::ClosedSet<Weight> {
-    static constexpr std::pair<Weight, std::string_view> members[] = {{Weight::light, "light"},
-                                                                      {Weight::heavy, "heavy"}};
-};
-
-namespace {
+constexpr ClosedSet<Weight, 2> closedSet(Weight) {
+    using enum Weight;
+    return {{{light, "light"}, {heavy, "heavy"}}};
+}
 
 constexpr const char* oddText = "It's \"odd\": [a] {b} (c)\\d $HOME `id` $(id)\n*end*; 100%";
 constexpr const char* oddLine = "It's \"odd\": [a] {b} (c)\\d $HOME `id` $(id) *end*; 100%";

@@ -12,25 +12,23 @@ namespace {
 enum class Depth { shallow, veryVeryVeryVeryDeep };
 enum class Mode { quiet, loud };
 
-} // namespace
+constexpr ClosedSet<Depth, 2> closedSet(Depth) {
+    using enum Depth;
+    return {{{shallow, "shallow"}, {veryVeryVeryVeryDeep, "veryVeryVeryVeryDeep"}}};
+}
 
-template <>
-struct argumentparser::ClosedSet<Depth> {
-    static constexpr std::pair<Depth, std::string_view> members[] = {
-        {Depth::shallow, "shallow"}, {Depth::veryVeryVeryVeryDeep, "veryVeryVeryVeryDeep"}};
-    static std::string_view describe(Depth depth) {
-        return depth == Depth::shallow ? "Looks at what is on top, and at that only as far as it has to."
-                                       : "Looks at all.";
-    }
-};
+std::string_view describe(Depth depth) {
+    return depth == Depth::shallow ? "Looks at what is on top, and at that only as far as it has to." : "Looks at all.";
+}
 
-template <>
-struct argumentparser::ClosedSet<Mode> {
-    static constexpr std::pair<Mode, std::string_view> members[] = {{Mode::quiet, "quiet"}, {Mode::loud, "loud"}};
-    static std::string_view describe(Mode mode) { return mode == Mode::quiet ? "" : "Not quiet."; }
-};
+constexpr ClosedSet<Mode, 2> closedSet(Mode) {
+    using enum Mode;
+    return {{{quiet, "quiet"}, {loud, "loud"}}};
+}
 
-namespace {
+std::string_view describe(Mode mode) {
+    return mode == Mode::quiet ? "" : "Not quiet.";
+}
 
 std::string helpOf(const CommandType& command, int columns, ArgumentVisibility visibility = ArgumentVisibility::shown) {
     return HelpGenerator(Tree(command), visibility).rendered(columns);

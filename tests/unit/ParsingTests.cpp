@@ -11,23 +11,19 @@ namespace {
 enum class Speed { fast, slow, verySlow };
 enum class Size { small, large };
 
-} // namespace
+constexpr ClosedSet<Speed, 3> closedSet(Speed) {
+    using enum Speed;
+    return {{{fast, "fast"}, {slow, "slow"}, {verySlow, "verySlow"}}};
+}
 
-template <>
-struct argumentparser::ClosedSet<Speed> {
-    static constexpr std::pair<Speed, std::string_view> members[] = {
-        {Speed::fast, "fast"}, {Speed::slow, "slow"}, {Speed::verySlow, "verySlow"}};
-};
+constexpr ClosedSet<Size, 2> closedSet(Size) {
+    using enum Size;
+    return {{{small, "small"}, {large, "large"}}};
+}
 
-template <>
-struct argumentparser::ClosedSet<Size> {
-    static constexpr std::pair<Size, std::string_view> members[] = {{Size::small, "small"}, {Size::large, "large"}};
-    static NameSpecification flagNames(Size size) {
-        return size == Size::small ? NameSpecification{longName(), customShort("s")} : NameSpecification{longName()};
-    }
-};
-
-namespace {
+NameSpecification flagNames(Size size) {
+    return size == Size::small ? NameSpecification{longName(), customShort("s")} : NameSpecification{longName()};
+}
 
 struct Options final : Tool {
     Option<MaybeText> file{*this, "file", "", {.names = {longName(), shortName()}}};

@@ -13,15 +13,14 @@ namespace {
 
 enum class Level { low, high };
 
-} // namespace
+constexpr ClosedSet<Level, 2> closedSet(Level) {
+    using enum Level;
+    return {{{low, "low"}, {high, "high"}}};
+}
 
-template <>
-struct argumentparser::ClosedSet<Level> {
-    static constexpr std::pair<Level, std::string_view> members[] = {{Level::low, "low"}, {Level::high, "high"}};
-    static std::string_view describe(Level level) { return level == Level::low ? "Near the ground." : "Up."; }
-};
-
-namespace {
+std::string_view describe(Level level) {
+    return level == Level::low ? "Near the ground." : "Up.";
+}
 
 struct Window final : ParsableArguments {
     Option<int> limit{*this, "limit", 10, "How many."};

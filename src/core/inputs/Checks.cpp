@@ -12,29 +12,25 @@ auto countGiven(std::initializer_list<Given> inputs) {
     return std::count_if(inputs.begin(), inputs.end(), [](Given input) { return input.isGiven; });
 }
 
-[[noreturn]] void refuse(std::string_view message) {
-    throw ValidationError{std::string(message)};
-}
-
 } // namespace
 
-void validateNone(std::initializer_list<Given> inputs, std::string_view message) {
-    if (countGiven(inputs) > 0) {
-        refuse(message);
+void validateThat(bool isMet, std::string_view message) {
+    if (!isMet) {
+        throw ValidationError{std::string(message)};
     }
+}
+
+void validateNone(std::initializer_list<Given> inputs, std::string_view message) {
+    validateThat(countGiven(inputs) == 0, message);
 }
 
 void validateAtMostOne(std::initializer_list<Given> inputs, std::string_view message) {
-    if (countGiven(inputs) > 1) {
-        refuse(message);
-    }
+    validateThat(countGiven(inputs) <= 1, message);
 }
 
 void validateExactlyOne(std::initializer_list<Given> inputs, const ChoiceMessages& messages) {
     validateAtMostOne(inputs, messages.several);
-    if (countGiven(inputs) == 0) {
-        refuse(messages.none);
-    }
+    validateThat(countGiven(inputs) > 0, messages.none);
 }
 
 void validateExactlyOne(std::initializer_list<Given> inputs, std::string_view message) {
@@ -43,8 +39,8 @@ void validateExactlyOne(std::initializer_list<Given> inputs, std::string_view me
 
 void requireBetween(std::string_view name, Integer value, Integer minimum, Integer maximum) {
     if (value < minimum || value > maximum) {
-        refuse(std::string(name) + " must be between " + std::to_string(minimum) + " and " + std::to_string(maximum) +
-               ".");
+        throw ValidationError{std::string(name) + " must be between " + std::to_string(minimum) + " and " +
+                              std::to_string(maximum) + "."};
     }
 }
 
@@ -53,9 +49,7 @@ void validateLimit(Integer limit) {
 }
 
 void validateOffset(Integer offset) {
-    if (offset < 0) {
-        refuse("offset must be >= 0.");
-    }
+    validateThat(offset >= 0, "offset must be >= 0.");
 }
 
 void validatePage(Integer limit, Integer offset) {

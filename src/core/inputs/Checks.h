@@ -21,6 +21,9 @@ struct Given {
     Given(const argumentparser::DecodedInput<bool>& input) : isGiven(input.get()) {}
 };
 
+/// Throws with `message` unless the condition is met.
+void validateThat(bool isMet, std::string_view message);
+
 void validateNone(std::initializer_list<Given> inputs, std::string_view message);
 void validateAtMostOne(std::initializer_list<Given> inputs, std::string_view message);
 
