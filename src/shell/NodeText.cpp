@@ -129,10 +129,4 @@ void printNodeText(const std::string& path, std::string_view verb, const std::st
     });
 }
 
-void validateLines(Integer lines) {
-    if (lines <= 0) {
-        throw ValidationError{"lines must be greater than 0."};
-    }
-}
-
 } // namespace orvane
