@@ -6,7 +6,8 @@
 #include <vector>
 
 #include "ArgumentParser/CommandExit.h"
-#include "ArgumentParser/messages/MessageInfo.h"
+#include "ArgumentParser/completions/CompletionRequest.h"
+#include "ArgumentParser/help/HelpCommand.h"
 #include "ArgumentParser/parsing/CommandParser.h"
 #include "platform/files/Streams.h"
 #include "platform/text/TerminalText.h"
@@ -39,17 +40,24 @@ int report(const MessageInfo& info) {
 
 } // namespace
 
-int runCommandLine(const CommandType& root, int argumentCount, const char* const* arguments) {
-    CommandParser parser(root);
+std::optional<MessageInfo> run(const CommandType& root, int argumentCount, const char* const* arguments) {
+    CommandParser parser(root, CommandType::of<HelpCommand>());
+    const Tree& tree = parser.commandTree();
     try {
         const std::vector<std::string_view> texts(arguments + std::min(argumentCount, 1), arguments + argumentCount);
+        answerCompletionRequest(tree, texts);
         parser.parse(texts).run();
-        return ExitCode::success;
+        return std::nullopt;
     } catch (const CommandError& error) {
-        return report(MessageInfo::of(error, parser.commandTree()));
+        return MessageInfo::of(error, tree);
     } catch (...) {
-        return report(MessageInfo::of(std::current_exception(), parser.commandTree()));
+        return MessageInfo::of(std::current_exception(), tree);
     }
+}
+
+int runCommandLine(const CommandType& root, int argumentCount, const char* const* arguments) {
+    const std::optional<MessageInfo> end = run(root, argumentCount, arguments);
+    return end ? report(*end) : ExitCode::success;
 }
 
 } // namespace argumentparser

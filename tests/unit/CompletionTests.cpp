@@ -5,6 +5,7 @@
 
 #include "ArgumentParser/completions/CompletionShell.h"
 #include "ArgumentParser/completions/CompletionsGenerator.h"
+#include "ArgumentParser/help/HelpCommand.h"
 #include "ParserFixture.h"
 #include "support/Shells.h"
 #include "support/TemporaryFiles.h"
@@ -119,7 +120,8 @@ protected:
     }
 
     CompletedTool tool(Shell shell) const {
-        return {"my-tool", completionScript(Tree(CommandType::of<MyTool>()), shell), directory};
+        return {"my-tool", completionScript(Tree(CommandType::of<MyTool>(), CommandType::of<HelpCommand>()), shell),
+                directory};
     }
 };
 

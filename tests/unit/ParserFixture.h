@@ -16,8 +16,7 @@
 #include "ArgumentParser/Option.h"
 #include "ArgumentParser/OptionGroup.h"
 #include "ArgumentParser/ParentCommand.h"
-#include "ArgumentParser/messages/MessageInfo.h"
-#include "ArgumentParser/parsing/CommandParser.h"
+#include "ArgumentParser/RunCommandLine.h"
 #include "platform/text/Text.h"
 
 namespace parsertest {
@@ -86,16 +85,17 @@ inline Texts words(std::string_view line) {
 template <class Root>
 std::string outcome(std::string_view line) {
     setenv("COLUMNS", "80", 1);
-    CommandParser parser(CommandType::of<Root>());
-    try {
-        const Texts texts = words(line);
-        parser.parse(std::vector<std::string_view>(texts.begin(), texts.end())).run();
-        return "ran";
-    } catch (...) {
-        const auto info = MessageInfo::of(std::current_exception(), parser.commandTree());
-        EXPECT_EQ(info.isForStandardOutput(), info.exitCode() == 0);
-        return (info.exitCode() == 0 ? "" : std::to_string(info.exitCode()) + "|") + info.fullText();
+    const Texts texts = words(line);
+    std::vector<const char*> arguments{"tool"};
+    for (const std::string& text : texts) {
+        arguments.push_back(text.c_str());
     }
+    const auto info = run(CommandType::of<Root>(), static_cast<int>(arguments.size()), arguments.data());
+    if (!info) {
+        return "ran";
+    }
+    EXPECT_EQ(info->isForStandardOutput(), info->exitCode() == 0);
+    return (info->exitCode() == 0 ? "" : std::to_string(info->exitCode()) + "|") + info->fullText();
 }
 
 struct Row {

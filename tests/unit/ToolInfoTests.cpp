@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "ArgumentParser/description/ToolInfo.h"
+#include "ArgumentParser/help/HelpCommand.h"
 #include "RootCommand.h"
 #include "support/ToolRunner.h"
 #include "unit/ParserFixture.h"
@@ -164,7 +165,7 @@ TEST(ToolInfo, ReadsOnlyWhatItWrites) {
 
 TEST(ToolInfo, OfTheToolIsWhatItsCommandsDeclare) {
     setenv("TZ", "UTC", 1); // A default tells it.
-    const ToolInfoV0 declared = toolInfo(Tree(orvane::rootCommand()));
+    const ToolInfoV0 declared = toolInfo(Tree(orvane::rootCommand(), CommandType::of<HelpCommand>()));
     EXPECT_EQ(testsupport::runTool({"--experimental-dump-help"}).out, encoded(declared) + "\n");
     EXPECT_EQ(decodedToolInfo(encoded(declared)).command, declared.command);
 }

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "ArgumentParser/declaration/ConfigurationFailure.h"
-#include "ArgumentParser/help/HelpCommand.h"
 
 namespace argumentparser {
 
@@ -16,8 +15,8 @@ namespace {
 
 } // namespace
 
-Tree::Tree(const CommandType& element, const Tree* parent)
-    : element_(element), configuration_(element.configuration()),
+Tree::Tree(const CommandType& element, const std::optional<CommandType>& builtIn, const Tree* parent)
+    : element_(element), builtIn_(builtIn), configuration_(element.configuration()),
       commandName_(configuration_.commandName.empty() ? element.typeName() : configuration_.commandName),
       parent_(parent) {
     const auto& aliases = configuration_.aliases;
@@ -31,8 +30,8 @@ void Tree::listSubcommands() const {
     if (std::find(subcommands_->begin(), subcommands_->end(), element_) != subcommands_->end()) {
         declarationFailure(commandName_, "itself as its own subcommand.");
     }
-    if (parent_ == nullptr && !subcommands_->empty()) {
-        subcommands_->push_back(CommandType::of<HelpCommand>());
+    if (builtIn_ && !subcommands_->empty()) {
+        subcommands_->push_back(*builtIn_);
     }
 }
 
@@ -43,7 +42,7 @@ const Tree* Tree::findAmongChildren(Search search) const {
     }
     for (std::size_t i = 0; i < subcommands_->size(); ++i) {
         if (i == children_.size()) {
-            children_.push_back(std::unique_ptr<Tree>(new Tree((*subcommands_)[i], this)));
+            children_.push_back(std::unique_ptr<Tree>(new Tree((*subcommands_)[i], std::nullopt, this)));
         }
         if (const Tree* found = search(*children_[i])) {
             return found;

@@ -11,11 +11,13 @@
 namespace argumentparser {
 
 /// A node: a command and its configuration. Its children are, in order of display, its subcommands and, of a root that
-/// has any, the built-in `help`. Each is read when a search comes to it, so that a search is the place where a faulty
+/// has any, the built-in one. Each is read when a search comes to it, so that a search is the place where a faulty
 /// declaration is found: a command that is its own subcommand or has its own name as an alias ends the process.
 class Tree {
 public:
-    explicit Tree(const CommandType& root) : Tree(root, nullptr) {}
+    /// `builtIn` is the subcommand that the framework adds to a tool that has any.
+    explicit Tree(const CommandType& root, const std::optional<CommandType>& builtIn = std::nullopt)
+        : Tree(root, builtIn, nullptr) {}
     Tree(const Tree&) = delete;
     Tree& operator=(const Tree&) = delete;
 
@@ -36,7 +38,7 @@ public:
     std::vector<const Tree*> path() const;
 
 private:
-    Tree(const CommandType& element, const Tree* parent);
+    Tree(const CommandType& element, const std::optional<CommandType>& builtIn, const Tree* parent);
 
     /// The first child for which `search` finds something: that, or nothing.
     template <class Search>
@@ -44,6 +46,7 @@ private:
     void listSubcommands() const;
 
     CommandType element_;
+    std::optional<CommandType> builtIn_;
     CommandConfiguration configuration_;
     std::string_view commandName_;
     const Tree* parent_;

@@ -4,19 +4,20 @@
 
 namespace argumentparser {
 
-void HelpCommand::resolve(const Tree& root) {
-    node_ = &root;
-    for (const std::string& word : *subcommands) {
-        const Tree* child = node_->child(word);
+const Tree& SubcommandHelpRequest::selected(const Tree& root) const {
+    const Tree* node = &root;
+    for (const std::string& word : words) {
+        const Tree* child = node->child(word);
         if (child == nullptr) {
             break;
         }
-        node_ = child;
+        node = child;
     }
+    return *node;
 }
 
 void HelpCommand::run() const {
-    throw CommandError{node_, HelpRequested()};
+    throw SubcommandHelpRequest{*subcommands};
 }
 
 } // namespace argumentparser

@@ -9,6 +9,14 @@ namespace argumentparser {
 
 class Tree;
 
+/// Thrown for the help of the command that some words select.
+struct SubcommandHelpRequest {
+    std::vector<std::string> words;
+
+    /// Walks down from `root` by the words, as far as they match.
+    const Tree& selected(const Tree& root) const;
+};
+
 struct HelpCommand final : ParsableCommand {
     static CommandConfiguration configuration() {
         return {
@@ -22,13 +30,8 @@ struct HelpCommand final : ParsableCommand {
                     ArgumentHelp("", {.visibility = ArgumentVisibility::privateInput}),
                     {.names = {shortName(), longName(), customLong("help", true)}}};
 
-    /// Walks down from `root` by the words given, as far as they match.
-    void resolve(const Tree& root);
-    /// Throws the request for the help of the command found.
+    /// Throws SubcommandHelpRequest.
     void run() const override;
-
-private:
-    const Tree* node_ = nullptr;
 };
 
 } // namespace argumentparser

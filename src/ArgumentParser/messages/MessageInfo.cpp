@@ -6,6 +6,7 @@
 #include "ArgumentParser/completions/CompletionsGenerator.h"
 #include "ArgumentParser/declaration/BuiltInFlags.h"
 #include "ArgumentParser/description/ToolInfo.h"
+#include "ArgumentParser/help/HelpCommand.h"
 #include "ArgumentParser/help/HelpGenerator.h"
 #include "ArgumentParser/help/UsageGenerator.h"
 #include "ArgumentParser/messages/ErrorMessageGenerator.h"
@@ -29,7 +30,7 @@ MessageInfo shown(const std::optional<CommandType>& command, const Tree& selecte
         return show(selected);
     }
     const Tree* node = root.find(*command);
-    return node != nullptr ? show(*node) : show(Tree(*command));
+    return node != nullptr ? show(*node) : show(Tree(*command, CommandType::of<HelpCommand>()));
 }
 
 std::string usageBlock(const Tree& node, const ArgumentSet& arguments) {
@@ -66,6 +67,8 @@ MessageInfo messageOf(const std::exception_ptr& error, const Tree& selected, con
         std::rethrow_exception(error);
     } catch (const CommandError& commandError) {
         return MessageInfo::of(commandError, root);
+    } catch (const SubcommandHelpRequest& request) {
+        return helpScreen(request.selected(root));
     } catch (const ValidationError& validation) {
         const std::unique_ptr<ParsableCommand> command = selected.element().construct();
         return {MessageInfo::Validation{validation.message, usageBlock(selected, command->argumentSet()), {}}};

@@ -4,10 +4,7 @@
 #include <new>
 
 #include "ArgumentParser/CommandExit.h"
-#include "ArgumentParser/completions/CustomCompletion.h"
-#include "ArgumentParser/completions/GenerateCompletions.h"
 #include "ArgumentParser/declaration/BuiltInFlags.h"
-#include "ArgumentParser/help/HelpCommand.h"
 #include "ArgumentParser/parsing/KnownArgumentsParser.h"
 
 namespace argumentparser {
@@ -35,13 +32,7 @@ bool isFailure(const ParserError& error) {
 
 const ParsableCommand& CommandParser::parse(std::span<const std::string_view> arguments) {
     try {
-        if (!arguments.empty() && arguments.front() == customCompletionWord) {
-            throw ParserError(CompletionScriptCustomResponse{customCompletion(commandTree_, arguments.subspan(1))});
-        }
         SplitArguments split(arguments);
-        if (auto request = completionScriptRequest(split, commandTree_)) {
-            throw ParserError(*std::move(request));
-        }
         descend(split);
         checkForBuiltInFlags(split);
         checkForLeftovers(split);
@@ -94,9 +85,6 @@ void CommandParser::parseCurrent(SplitArguments& split) {
         // A request for help is answered even where the rest of the line is wrong.
         checkForBuiltInFlags(split);
         throw;
-    }
-    if (currentNode_->element() == CommandType::of<HelpCommand>()) {
-        static_cast<HelpCommand&>(*command).resolve(commandTree_);
     }
     decodedCommands_.add(currentNode_->element(), std::move(command));
 }

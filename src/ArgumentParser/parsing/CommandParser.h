@@ -14,7 +14,9 @@ namespace argumentparser {
 
 class CommandParser {
 public:
-    explicit CommandParser(const CommandType& root) : commandTree_(root), currentNode_(&commandTree_) {}
+    /// `builtIn` as the tree has it.
+    explicit CommandParser(const CommandType& root, const std::optional<CommandType>& builtIn = std::nullopt)
+        : commandTree_(root, builtIn), currentNode_(&commandTree_) {}
 
     const Tree& commandTree() const { return commandTree_; }
 

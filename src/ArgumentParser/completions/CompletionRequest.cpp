@@ -1,9 +1,10 @@
-#include "ArgumentParser/completions/GenerateCompletions.h"
+#include "ArgumentParser/completions/CompletionRequest.h"
 
 #include <algorithm>
 
 #include "ArgumentParser/Flag.h"
 #include "ArgumentParser/Option.h"
+#include "ArgumentParser/completions/CustomCompletion.h"
 #include "ArgumentParser/parsing/KnownArgumentsParser.h"
 
 namespace argumentparser {
@@ -32,19 +33,19 @@ auto requested(SplitArguments split, const Tree& root) {
     return request.generateCompletionScript.get();
 }
 
-bool mayBeRequest(const SplitArguments& split) {
-    return std::any_of(split.elements().begin(), split.elements().end(), [](const SplitArguments::Element& element) {
-        const ParsedArgument* option = element.option();
-        return option != nullptr && option->name.kind == Name::Kind::longName && option->name.text == requestName;
+/// Whether it is worth a look at the command line as a whole, which is seldom.
+bool mayBeScriptRequest(std::span<const std::string_view> arguments) {
+    return std::any_of(arguments.begin(), arguments.end(), [](std::string_view argument) {
+        return argument.starts_with("--") && argument.substr(2).starts_with(requestName);
     });
 }
 
-} // namespace
-
-std::optional<CompletionScriptRequested> completionScriptRequest(const SplitArguments& split, const Tree& root) {
-    if (!mayBeRequest(split) || !root.configuration()._superCommandName.empty()) {
+/// Nothing for a tool that is a plug-in of another.
+std::optional<CompletionScriptRequested> scriptRequest(const Tree& root, std::span<const std::string_view> arguments) {
+    if (!mayBeScriptRequest(arguments) || !root.configuration()._superCommandName.empty()) {
         return std::nullopt;
     }
+    const SplitArguments split(arguments);
     if (const auto shell = requested<GenerateCompletions>(split, root)) {
         return CompletionScriptRequested{*shell};
     }
@@ -52,6 +53,21 @@ std::optional<CompletionScriptRequested> completionScriptRequest(const SplitArgu
         return CompletionScriptRequested{};
     }
     return std::nullopt;
+}
+
+} // namespace
+
+void answerCompletionRequest(const Tree& root, std::span<const std::string_view> arguments) {
+    try {
+        if (!arguments.empty() && arguments.front() == customCompletionWord) {
+            throw ParserError(CompletionScriptCustomResponse{customCompletion(root, arguments.subspan(1))});
+        }
+        if (auto request = scriptRequest(root, arguments)) {
+            throw ParserError(*std::move(request));
+        }
+    } catch (const ParserError& error) {
+        throw CommandError{&root, error};
+    }
 }
 
 } // namespace argumentparser
