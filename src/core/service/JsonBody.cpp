@@ -28,15 +28,18 @@ JsonBody& JsonBody::set(std::string_view key, std::int64_t value) {
 }
 
 JsonBody& JsonBody::set(std::string_view key, const std::vector<std::string>& values) {
-    return setList(key, values, [this](const std::string& value) { platform::appendJsonQuoted(text_, value); });
+    appendKey(key);
+    text_ += '[';
+    for (const std::string& value : values) {
+        text_ += &value == &values.front() ? "" : ",";
+        platform::appendJsonQuoted(text_, value);
+    }
+    text_ += ']';
+    return *this;
 }
 
 JsonBody& JsonBody::set(std::string_view key, const JsonBody& value) {
     return setJson(key, value.text_ + '}');
-}
-
-JsonBody& JsonBody::set(std::string_view key, const std::vector<JsonBody>& values) {
-    return setList(key, values, [this](const JsonBody& value) { text_.append(value.text_).append("}"); });
 }
 
 JsonBody& JsonBody::setBase64(std::string_view key, std::string_view bytes) {
@@ -54,22 +57,6 @@ JsonBody& JsonBody::setNull(std::string_view key) {
 JsonBody& JsonBody::setJson(std::string_view key, std::string_view json) {
     appendKey(key);
     text_ += json;
-    return *this;
-}
-
-template <class Values, class Append>
-JsonBody& JsonBody::setList(std::string_view key, const Values& values, Append append) {
-    appendKey(key);
-    text_ += '[';
-    bool isFirst = true;
-    for (const auto& value : values) {
-        if (!isFirst) {
-            text_ += ',';
-        }
-        isFirst = false;
-        append(value);
-    }
-    text_ += ']';
     return *this;
 }
 

@@ -19,7 +19,6 @@ public:
     JsonBody& set(std::string_view key, std::int64_t value);
     JsonBody& set(std::string_view key, const std::vector<std::string>& values);
     JsonBody& set(std::string_view key, const JsonBody& value);
-    JsonBody& set(std::string_view key, const std::vector<JsonBody>& values);
     /// A member of a closed set goes in as its raw text.
     template <argumentparser::ClosedSetMember Member>
     JsonBody& set(std::string_view key, Member value) {
@@ -53,8 +52,6 @@ public:
     std::string finish() &&;
 
 private:
-    template <class Values, class Append>
-    JsonBody& setList(std::string_view key, const Values& values, Append append);
     void appendKey(std::string_view key);
     std::string text_ = "{";
 };
