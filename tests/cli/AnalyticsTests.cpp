@@ -7,7 +7,7 @@ namespace {
 const std::string defaults = "GET /api/analytics?range=30d&granularity=day&timezone=";
 
 TEST(Analytics, SendsItsOptions) {
-    expectRequests({
+    expectRows({
         requestRow("analytics", defaults + "UTC"),
         requestRow("analytics --trend-user u/1 --team T --timezone Etc/GMT+1 --granularity hour --range 12m",
                    "GET /api/analytics?range=12m&granularity=hour&timezone=Etc/GMT%2B1&teamId=T&trendUserId=u/1"),

@@ -17,7 +17,7 @@ Reply briefed(std::string body, const std::string& briefing, Location where = Lo
 }
 
 TEST(CheckIn, PrintsTheAnswerUnchanged) {
-    expectRequests({
+    expectRows({
         requestRow("check-in", request),
         requestRow("check-in --recent-limit=25", "GET /api/check-in?recentLimit=25"),
         row("check-in --recent-limit 1", "GET /api/check-in?recentLimit=1", "not JSON", "not JSON\n"),

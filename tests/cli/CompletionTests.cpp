@@ -203,13 +203,4 @@ TEST(CompletionRequest, IsNoneBehindTheTerminator) {
     expectRefused("-- --generate-completion-script=zsh", "Unexpected argument '--generate-completion-script=zsh'");
 }
 
-TEST(CustomCompletion, IsRefusedForInputsWithoutAFunction) {
-    const std::string message = "Internal error. Invalid state while parsing command-line arguments.";
-    for (const char* line :
-         {"---completion", "---completion nonsense --", "---completion ls --",
-          "---completion ls -- --nonsense 1 0 orvane-cli", "---completion ls -- --type 1 0 orvane-cli"}) {
-        expectRefused(line, message);
-    }
-}
-
 } // namespace

@@ -11,7 +11,7 @@ TEST(Context, SendsWhatIsGiven) {
     const std::string path = "/api/contexts/" + id;
     const std::string create = "POST /api/contexts\n";
     const std::string edit = "POST " + path + "/edit\n";
-    expectRequests({
+    expectRows({
         requestRow("context", "GET /api/contexts?limit=100"),
         requestRow("context --limit 500", "GET /api/contexts?limit=500"),
         requestRow("context list --limit=-7", "GET /api/contexts?limit=-7"),
@@ -68,7 +68,7 @@ TEST_F(ContextFiles, GiveTheTexts) {
     const auto edit = [](const std::string& oldFile, const std::string& newFile) {
         return Words{"context", "edit", id, "--new-string-file", newFile, "--old-string-file", oldFile};
     };
-    expectRequests({
+    expectRows({
         requestRow({"context", "create", "--title", "T", "--body-file", file("body", "# T\r\n")},
                    std::string("POST /api/contexts\n") + R"({"title":"T","markdown":"# T\r\n"})"),
         requestRow(edit(oldText, file("new", "\n")),

@@ -18,7 +18,7 @@ void expectNoReport(const Words& words, const Input& input, Location where = Loc
 }
 
 TEST(Feedback, SendsTheArgumentOrElseThePipe) {
-    expectRequests({
+    expectRows({
         reports({"# It\n broke "}, "bug", "# It\\n broke "),
         reports("--category feature_request more", "feature_request", "more"),
         reports("more --category general", "general", "more"),
@@ -37,7 +37,7 @@ TEST(Feedback, RefusesWhatHasNoText) {
 
 TEST(Modality, SetsOrClearsTheCorrection) {
     const std::string request = "PUT /api/slices/modality/" + lowerId + "\n";
-    expectRequests({
+    expectRows({
         requestRow("modality " + id + " clear", request + R"({"modality":null})"),
         requestRow("modality " + id + " stale", request + R"({"modality":"stale"})"),
     });

@@ -6,7 +6,7 @@ namespace {
 
 TEST(Folder, SendsWhatIsGiven) {
     const std::string path = "/api/folders/" + id;
-    expectRequests({
+    expectRows({
         requestRow("folder", "GET /api/folders?limit=100"),
         requestRow("folder --limit 0", "GET /api/folders?limit=0"),
         requestRow("folder list --limit 500", "GET /api/folders?limit=500"),

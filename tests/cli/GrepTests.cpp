@@ -17,7 +17,7 @@ TEST(Grep, SendsWhatIsGiven) {
     CommandRow inDirectory = queryRow("x --repo .,../y --repo ~/z", "q=x&limit=10&repos=/usr/lib,/usr/y,/home/me/z");
     inDirectory.setting.directory = "/usr/lib";
     inDirectory.setting.environment["HOME"] = "/home/me";
-    expectRequests({
+    expectRows({
         queryRow({"", "--repo", ","}, "q=&limit=10"),
         queryRow("x --repo a,b --repo ,c --limit=1", "q=x&limit=1&repos=a,b,c"),
         inDirectory,

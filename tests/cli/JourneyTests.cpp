@@ -74,36 +74,6 @@ TEST(Journey, SeesRecentTimesInTheZoneOfTheMachine) {
                 testing::Not(HasSubstr("codex_chat")));
 }
 
-TEST(Journey, ReadsTheWindowThatIsAskedFor) {
-    const SampleLibrary library;
-    const std::string note = reportedId(output({"tee", "Three parts"}, Input::pipe("a\nb\n\nc\n\nd\n")));
-    EXPECT_EQ(output({"cat", note}), "a\nb\n\nc\n\nd\n");
-    EXPECT_EQ(output({"head", "-n", "2", note}), "a\nb\n");
-    EXPECT_EQ(output({"head", "-n", "3", note}), "a\nb\n\n");
-    EXPECT_EQ(output({"tail", "-n", "2", note}), "\nd\n");
-    EXPECT_EQ(output({"tail", "-n", "99", note}), "a\nb\n\nc\n\nd\n");
-
-    const struct {
-        std::vector<std::string> arguments;
-        std::string read;
-    } windows[] = {
-        {{"node", "get", note}, R"({"content":"a\nb\n\nc\n\nd\n","total":3})"},
-        {{"node", "get", note, "--head-limit", "1", "--tail-limit", "1"},
-         R"({"head":{"content":"a\nb"},"tail":{"content":"d\n"},"total":3})"},
-        {{"node", "get", note, "--offset", "1", "--limit", "1"}, R"({"content":"c","total":3})"},
-        {{"source", "get", note, "--tail-limit", "2"}, R"({"tail":{"content":"c\n\nd\n"},"total":3})"},
-        {{"source", "get", note, "--limit", "2"}, R"({"content":"a\nb\n\nc","total":3})"},
-        {{"context", "get", note, "--offset", "2"}, R"({"content":"d\n","total":3})"},
-        {{"context", "get", note, "--offset", "9"}, R"({"content":"","total":3})"},
-        {{"transcript", "get", transcript, "--offset", "3"},
-         R"({"content":"Assistant: It did not; now it does. All 48 tests pass.","total":4})"},
-    };
-    for (const auto& [arguments, read] : windows) {
-        EXPECT_THAT(output(arguments), HasSubstr("\"read\":" + read)) << testing::PrintToString(arguments);
-    }
-    EXPECT_THAT(failure({"context", "get", transcript}), HasSubstr("is of kind codex_chat"));
-}
-
 TEST(Journey, LeavesTheLibraryAsItBegan) {
     const SampleLibrary library;
     const std::string before = output({"find", contextsRoot, "--json", "--limit", "500"});
@@ -147,73 +117,6 @@ TEST(Journey, LeavesTheLibraryAsItBegan) {
     EXPECT_EQ(output({"find", contextsRoot, "--json", "--limit", "500"}), before);
 }
 
-TEST(Journey, ListsWhatEachGroupHolds) {
-    const SampleLibrary library;
-    const std::string note = answeredId(output({"context", "create", "--title", "Kettle", "--folder", projects}));
-    const struct {
-        std::vector<std::string> arguments;
-        std::string listed;
-        std::string left;
-    } lists[] = {
-        {{"context", "list", "--limit", "1"}, R"("folderId":")" + projects, R"("name":"Working agreements")"},
-        {{"folder", "list"}, R"("id":")" + projects, note},
-        {{"folder", "get", projects}, R"("contexts":[{"id":")" + note, transcript},
-        {{"source", "list", "--source-type", "transcript"}, codex, contextsRoot},
-        {{"source", "list", "--parent-id", codex}, transcript, note},
-        {{"transcript", "list", "--type", "codex"}, transcript, "claude_code_chat"},
-        {{"integration", "list", "--platform", "codex", "--status", "active"}, codex, "team_remote"},
-        {{"team", "list"}, R"("members":[{"id")", note},
-    };
-    for (const auto& [arguments, listed, left] : lists) {
-        EXPECT_THAT(output(arguments), AllOf(HasSubstr(listed), testing::Not(HasSubstr(left))))
-            << testing::PrintToString(arguments);
-    }
-    EXPECT_THAT(failure({"folder", "get", note}), HasSubstr("is of kind orvane_context"));
-    EXPECT_THAT(failure({"integration", "list", "--team-id", "none"}), HasSubstr("No team"));
-}
-
-TEST(Journey, KeepsTheProfile) {
-    const SampleLibrary library;
-    EXPECT_EQ(output({"profile", "get", "--section", "phone"}), R"({"section":"phone","value":null})"
-                                                                "\n");
-    output({"profile", "edit-field", "--field", "phone", "--value", "555 0100"});
-    EXPECT_EQ(output({"profile", "get", "--section", "phone"}), R"({"section":"phone","value":"555 0100"})"
-                                                                "\n");
-    EXPECT_THAT(failure({"profile", "edit-field", "--field", "projects", "--value", "x"}), HasSubstr("must be one of"));
-
-    const std::string before = output({"profile", "get", "--section", "projects"});
-    EXPECT_THAT(output({"profile", "add-card", "--section", "projects", "--fields", R"({"name":"Shelf"})"}),
-                HasSubstr("\"index\":1"));
-    EXPECT_THAT(
-        output({"profile", "update-card", "--section", "projects", "--index", "1", "--updates", R"({"d":"x"})"}),
-        HasSubstr(R"({"name":"Shelf","d":"x"})"));
-    EXPECT_THAT(failure({"profile", "remove-card", "--section", "projects", "--index", "2"}), HasSubstr("2 cards"));
-    output({"profile", "remove-card", "--section", "projects", "--index", "1"});
-    EXPECT_EQ(output({"profile", "get", "--section", "projects"}), before);
-}
-
-TEST(Journey, SharesANodeAndTakesItBack) {
-    const SampleLibrary library;
-    const std::string folder = "a170b338-3926-4059-b28c-105d1fb17c23";
-    const std::string team = "9531985d-5d9d-49f8-9818-e811892f902b";
-    const std::string teammate = "d23f0824-128b-4f33-8c5c-7fd0a6a3a450";
-    const std::string before = output({"sharing", "get", folder});
-    EXPECT_THAT(before, HasSubstr("\"grants\":[]"));
-    output({"sharing", "add", folder, "--team", team});
-    output({"sharing", "add", folder, "--team", team, "--access", "editor"});
-    EXPECT_THAT(output({"team"}), HasSubstr(R"("name":"Photography")"));
-    output({"sharing", "add", folder, "--team", team, "--audience", "user", "--user", teammate});
-    output({"sharing", "add", folder, "--audience", "user", "--email", "tomas.lindqvist@example.com"});
-    EXPECT_THAT(output({"sharing", "remove", folder, "--team", team, "--team-acl-only"}),
-                AllOf(HasSubstr("memberOf"), testing::Not(HasSubstr("editor"))));
-    EXPECT_THAT(output({"sharing", "remove", folder, "--team", team}),
-                AllOf(HasSubstr("Tomas"), testing::Not(HasSubstr("memberOf"))));
-    EXPECT_EQ(output({"sharing", "remove", folder, "--user", teammate}), before);
-    EXPECT_THAT(failure({"sharing", "remove", folder, "--user", teammate}), HasSubstr("no such"));
-    EXPECT_THAT(failure({"sharing", "add", folder, "--team", team, "--scope", "repos", "--repo", "r"}),
-                HasSubstr("in part"));
-}
-
 class AssetJourney : public TemporaryFiles {};
 
 TEST_F(AssetJourney, ComesBackAsItWent) {
@@ -234,80 +137,6 @@ TEST_F(AssetJourney, ComesBackAsItWent) {
     EXPECT_EQ(std::string(std::istreambuf_iterator<char>(downloaded), {}), image);
     EXPECT_THAT(failure({"asset", "upload", transcript, file("tin.gif", image)}), HasSubstr("is of kind codex_chat"));
     EXPECT_THAT(failure({"asset", "get", shotList}), HasSubstr("No asset"));
-}
-
-TEST(Journey, CorrectsASliceAndReportsIt) {
-    const SampleLibrary library;
-    const auto search = [] { return output({"grep", "-F", "three decimals"}); };
-    const std::string before = search();
-    const std::size_t start = before.find("sliceId: ") + 9;
-    ASSERT_NE(start, std::string::npos + 9) << before;
-    const std::string slice = before.substr(start, 36);
-    output({"modality", slice, "stale"});
-    EXPECT_THAT(search(), HasSubstr("stale"));
-    output({"modality", slice, "clear"});
-    EXPECT_EQ(search(), before);
-    EXPECT_THAT(failure({"modality", transcript, "stale"}), HasSubstr("No slice"));
-    EXPECT_EQ(output({"feedback", "--category", "general"}, Input::pipe("It works.\n")), "Feedback submitted.\n");
-    EXPECT_THAT(output({"analytics", "--granularity", "month"}),
-                ContainsRegex(R"("trend":\[.*"period":"[0-9]{4}-[0-9]{2}")"));
-}
-
-TEST(Journey, BuildsAnOntologyAndTakesItDown) {
-    const SampleLibrary library;
-    const auto ask = [](std::vector<std::string> arguments, const std::string& draft = "") {
-        arguments.insert(arguments.begin(), "ontology");
-        return output(arguments, draft.empty() ? Input{} : Input::pipe(draft));
-    };
-    const auto refusal = [](std::vector<std::string> arguments) {
-        arguments.insert(arguments.begin(), "ontology");
-        return failure(arguments);
-    };
-    const std::string before = ask({"spaces"});
-    const std::string space = answeredId(ask({"space", "create", "Cellar", "--emoji", "x"}));
-    EXPECT_THAT(ask({"space", "update", space, "--clear-emoji"}), testing::Not(HasSubstr("emoji")));
-
-    const std::string colour = answeredId(ask({"enum", "create", space, "Colour"}));
-    const std::string late = answeredId(ask({"enum-case", "create", colour, "Red", "--sort-index", "1"}));
-    const std::string early = answeredId(ask({"enum-case", "create", colour, "Blue"}));
-    EXPECT_THAT(ask({"enum-cases", colour}), ContainsRegex(early + ".*" + late));
-
-    const std::string type = answeredId(ask({"type", "create", space, "Box"}));
-    const std::string field = answeredId(
-        ask({"field", "create", "--type-id", type, "--from-file", "-"},
-            R"({"name":"Colour","maxCount":1,"definition":{"kind":"enum","enumTypeId":")" + colour + R"("}})"));
-    const std::string heir = answeredId(ask({"type", "create", space, "Crate", "--inherits-from-type-id", type}));
-    EXPECT_THAT(ask({"fields", heir}), HasSubstr(field));
-
-    const std::string object = answeredId(ask({"object", "create", space, heir}));
-    const std::string second = answeredId(ask({"object", "create", space, type}));
-    const std::string page = ask({"objects", "--space-id", space, "--limit", "1"});
-    EXPECT_THAT(page, AllOf(HasSubstr(object), testing::Not(HasSubstr(second)), HasSubstr("nextPageToken")));
-    EXPECT_THAT(ask({"objects", "--space-id", space, "--page-token", "1"}),
-                AllOf(HasSubstr(second), testing::Not(HasSubstr(object))));
-
-    const auto draft = [&](const std::string& value) {
-        return R"({"fieldId":")" + field + R"(","value":")" + value + R"("})";
-    };
-    const std::string old =
-        answeredId(ask({"assertion", "create", "--object-id", object, "--from-file", "-"}, draft(late)));
-    const std::string corrected = answeredId(ask({"assertion", "update", old, "--from-file", "-"}, draft(early)));
-    EXPECT_THAT(ask({"assertions", object}),
-                AllOf(HasSubstr(R"("id":")" + corrected), testing::Not(HasSubstr(R"("id":")" + old))));
-    EXPECT_THAT(ask({"assertion", "add-support", corrected, transcript}), HasSubstr(transcript));
-    EXPECT_THAT(ask({"assertion", "remove-support", corrected, transcript}), testing::Not(HasSubstr(transcript)));
-
-    const std::vector<std::string> takenDown[] = {
-        {"assertion", corrected}, {"assertion", old}, {"object", object},   {"object", second},  {"type", heir},
-        {"field", field},         {"type", type},     {"enum-case", early}, {"enum-case", late}, {"enum", colour}};
-    EXPECT_THAT(refusal({"object", "delete", object}), HasSubstr("in use"));
-    EXPECT_THAT(refusal({"type", "delete", type}), HasSubstr("in use"));
-    for (const auto& each : takenDown) {
-        EXPECT_THAT(refusal({"space", "delete", space}), HasSubstr("in use"));
-        ask({each.front(), "delete", each.back()});
-    }
-    EXPECT_EQ(ask({"space", "delete", space}), "Deleted space " + space + "\n");
-    EXPECT_EQ(ask({"spaces"}), before);
 }
 
 TEST(Journey, KeepsSkills) {

@@ -31,7 +31,7 @@ TEST(Listing, SendsWhatIsGiven) {
     const std::string filterQuery =
         "kind=skill&since=2024-01-01&until=u%26u&owner=team&name=%C3%84&initiated=automation";
     const std::string emailQuery = "sender=s&recipient=r&to=t&cc=c&bcc=b&subject=re:";
-    expectRequests({
+    expectRows({
         emptyPageRow("ls", "limit=100&offset=0&cliVerb=ls"),
         emptyPageRow("ls grp_anything -t --limit=1", "limit=1&offset=0&parentId=grp_anything&sort=updated&cliVerb=ls"),
         emptyPageRow(with(with("ls --sort-by-time " + id, email), filters), "limit=500&offset=7&parentId=" + id + "&" +

@@ -7,7 +7,7 @@ namespace {
 TEST(Node, SendsWhatIsGiven) {
     const Words filters{"--owner", "me", "--until", "x y", "--since", "2024-01-01", "--kind", ""};
     const std::string filterQuery = "&kind=&since=2024-01-01&until=x%20y&owner=me";
-    expectRequests({
+    expectRows({
         requestRow("node", "GET /api/nodes?limit=100&offset=0"),
         requestRow("node list", "GET /api/nodes?limit=100&offset=0"),
         requestRow("node --parent grp_", "GET /api/nodes?limit=100&offset=0&parentId=grp_"),

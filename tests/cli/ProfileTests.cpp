@@ -9,7 +9,7 @@ class ProfileFiles : public TemporaryFiles {};
 
 TEST(Profile, SendsWhatIsGiven) {
     const std::string path = "POST /api/profile/";
-    expectRequests({
+    expectRows({
         requestRow("profile", "GET /api/profile"),
         requestRow("profile get", "GET /api/profile"),
         requestRow({"profile", "--section", "no such"}, "GET /api/profile?section=no%20such"),
@@ -31,7 +31,7 @@ TEST(Profile, TakesCardsAsObjectsOfTexts) {
     const std::string added = std::string("POST /api/profile/add-card\n") + R"({"section":"projects","card":)";
     const std::string updated =
         std::string("POST /api/profile/update-card\n") + R"({"section":"s","index":3,"updates":)";
-    expectRequests({
+    expectRows({
         requestRow(with(add, "{}"), added + "{}}"),
         requestRow(with(add, {" { \"a\" :\"1.0\",\n\"b\":\"\\u00fc\\/\\n\" } "}), added + R"({"a":"1.0","b":"ü/\n"}})"),
         requestRow(with(add, {R"({"a":1,"a":"x"})"}), added + R"({"a":"x"}})"),

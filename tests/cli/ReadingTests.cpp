@@ -31,7 +31,7 @@ TEST(Reading, PrintsTheBareTextInAPipe) {
         Reply(R"({"kind":"orvane_context","read":{"content":"a"}})", "a\n"),
     });
     const std::string reply = R"({"read":{"content":"a"}})";
-    expectRequests({
+    expectRows({
         row("cat " + id, path + "?full=true&cliVerb=cat", reply, "a\n"),
         row("head " + id, path + "?headLines=10&cliVerb=head", reply, "a\n"),
         row("head -n 1 " + id, path + "?headLines=1&cliVerb=head", reply, "a\n"),
@@ -114,7 +114,7 @@ TEST(Stat, ShowsThePlaceInTheTreeAndTheFacts) {
                       "\x1B[1;33m← here\x1B[0m\n\n"
                       "\x1B[2mowner\x1B[0m  \x1B[32mme\x1B[0m\n\x1B[2mtype \x1B[0m  k\n")},
                Output::terminal());
-    expectRequests({requestRow("stat --json " + id, path + "?meta=true&cliVerb=stat")});
+    expectRows({requestRow("stat --json " + id, path + "?meta=true&cliVerb=stat")});
 }
 
 } // namespace

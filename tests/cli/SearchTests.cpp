@@ -6,7 +6,7 @@ namespace {
 
 TEST(Search, SendsWhatIsGiven) {
     const std::string path = "GET /api/contexts/search?";
-    expectRequests({
+    expectRows({
         requestRow({"search", "a b"}, path + "q=a%20b&limit=10"),
         requestRow({"search", ""}, path + "q=&limit=10"),
         requestRow("search -- -x", path + "q=-x&limit=10"),

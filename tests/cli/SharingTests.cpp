@@ -20,7 +20,7 @@ TEST(Sharing, SendsTheIdAsTyped) {
         return requestRow("sharing remove " + id + " " + words, "DELETE " + path + "\n" + body, where);
     };
     const std::string selection = R"("repoKeys":["b","a"],"folderKeys":["f"])";
-    expectRequests({
+    expectRows({
         requestRow("sharing get " + id, "GET " + path),
         adds("--team T", grant("T", "everyone", "[]")),
         adds("--team T --audience admins --access viewer",

@@ -24,7 +24,7 @@ TEST_F(Skills, AreAskedForInLowerCase) {
     CommandRow fromFile = posts("create N --content-file ~", create,
                                 "{\"kind\":\"skill\",\"name\":\"N\",\"content\":\"\xEF\xBB\xBF a\\r\\n\\n\"}");
     fromFile.setting.directory = directory;
-    expectRequests({
+    expectRows({
         requestRow("skill ls", "GET /api/skill/roots"),
         requestRow("skill ls " + id, "GET" + item + "/children"),
         requestRow("skill stat " + id, "GET" + item),
@@ -127,7 +127,7 @@ TEST_F(Skills, AreInstalledForAgents) {
             Reply(R"({"name":"a\r\nb\tc ","agents":["d\ne"]})", "installed skill a  b c  → d e\n"),
             Reply("no", "no\n"),
         });
-    expectRequests({
+    expectRows({
         row("skill install --agent claude " + id, request + R"({"agents":["claude"]})", "{}",
             "installed skill : no agents affected\n"),
         row("skill uninstall --agent codex " + id, "POST" + item + "/uninstall\n{\"agents\":[\"codex\"]}",

@@ -41,7 +41,7 @@ TEST(SkillAnalytics, SendsWhatIsGivenInOrder) {
                       "--skill-limit 99 --source-kind a_1 --team a+b --timezone Europe/Berlin --until 2025-13-45 "
                       "--since 9999-00-99 --granularity hour";
     const std::string path = "GET /api/skill/analytics?granularity=";
-    expectRequests({
+    expectRows({
         requestRow("skill analytics", path + "day"),
         requestRow({"skill", "analytics", " \n my skill\t"}, path + "day&skillName=my%20skill"),
         requestRow(all, path + "hour&since=9999-00-99&until=2025-13-45&timezone=Europe/Berlin&teamId=a%2Bb&sourceKind="
@@ -132,7 +132,7 @@ TEST(SkillAnalytics, ClimbsALadderOfChecks) {
 TEST(SkillFeedback, SendsAReport) {
     const std::string request = "POST /api/skill/feedback\n";
     const std::string done = "Skill feedback submitted.\n";
-    expectRequests({
+    expectRows({
         row({"skill", "feedback", " n\n", "  text  "}, request + R"({"skillName":"n","markdown":"  text  "})",
             "ignored", done),
         row({"skill", "feedback", "n", "t", "--namespace", "\ts "},

@@ -5,7 +5,7 @@ using namespace testsupport;
 namespace {
 
 TEST(Source, SendsWhatIsGiven) {
-    expectRequests({
+    expectRows({
         requestRow("source", "GET /api/sources?sourceType=all&limit=100"),
         requestRow("source list", "GET /api/sources?sourceType=all&limit=100"),
         requestRow("source --source-type granola", "GET /api/sources?sourceType=granola&limit=100"),

@@ -5,7 +5,7 @@ using namespace testsupport;
 namespace {
 
 TEST(Team, ListsTeams) {
-    expectRequests({
+    expectRows({
         requestRow("team", "GET /api/teams"),
         requestRow("team list", "GET /api/teams"),
     });
@@ -13,7 +13,7 @@ TEST(Team, ListsTeams) {
 }
 
 TEST(Integration, SendsTheFiltersThatAreGiven) {
-    expectRequests({
+    expectRows({
         requestRow("integration", "GET /api/integrations"),
         requestRow("integration list", "GET /api/integrations"),
         requestRow({"integration", "--team-id", "no id"}, "GET /api/integrations?teamId=no%20id"),

@@ -6,7 +6,7 @@ namespace {
 
 TEST(Transcript, SendsWhatIsGiven) {
     const std::string path = "GET /api/transcripts/" + id;
-    expectRequests({
+    expectRows({
         requestRow("transcript", "GET /api/transcripts?limit=50"),
         requestRow({"transcript", "--type", "any type"}, "GET /api/transcripts?limit=50&type=any%20type"),
         requestRow("transcript list --owner team --limit=-1 --type codex",

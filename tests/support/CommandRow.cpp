@@ -103,13 +103,6 @@ void expectRows(const std::vector<CommandRow>& rows) {
     }
 }
 
-void expectRequests(const std::vector<CommandRow>& rows) {
-    for (const CommandRow& row : rows) {
-        expectRow(row);
-        expectServiceRefusal(row.arguments, {}, row.setting, row.where);
-    }
-}
-
 void expectReplies(const Words& arguments, const std::string& request, const std::vector<Reply>& replies,
                    const Output& out) {
     for (const Reply& reply : replies) {

@@ -66,9 +66,6 @@ Words with(Words arguments, const Words& more);
 void expectRow(const CommandRow& row);
 void expectRows(const std::vector<CommandRow>& rows);
 
-/// Each row, and the same command line refused by the service.
-void expectRequests(const std::vector<CommandRow>& rows);
-
 /// One answer of the service, and what the tool makes of it.
 struct Reply {
     explicit Reply(std::string replyBody, std::string output, std::string notes = {},

@@ -267,6 +267,7 @@ TEST_F(CustomCompletions, GetTheWordsTheIndexAndThePrefix) {
         {"---completion asked -- --former 0 0", ""},
         {"---completion asked -- --lines 0 0", "a:b\\c\nd\ne"},
         {"---completion asked -- positional@0 0 0", invalid},
+        {"---completion", invalid},
         {"---completion asked -- positional@2 0 0", invalid},
         {"---completion asked -- positional@-1 0 0", invalid},
         {"---completion asked -- --none 0 0", invalid},

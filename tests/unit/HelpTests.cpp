@@ -187,22 +187,16 @@ TEST(Help, LabelsAndEmptyParts) {
 
 constexpr std::string_view keys[] = {"a", "b", "c", "d", "e", "f", "g", "h", "i", "j", "k", "l", "m"};
 
-template <std::size_t flags, std::size_t options, bool positional>
+template <std::size_t flagCount, std::size_t optionCount>
 struct Many final : Tool {
-    std::list<Option<int>> required;
-    std::list<Flag<bool>> optional;
-    std::optional<Argument<std::optional<int>>> value;
+    std::list<Flag<bool>> flags;
+    std::list<Option<int>> options;
     Flag<bool> unseen{*this, "unseen", ArgumentHelp("", {.visibility = ArgumentVisibility::hidden})};
 
     Many() {
-        for (std::size_t i = 0; i < options; ++i) {
-            required.emplace_back(*this, keys[i], "");
-        }
-        for (std::size_t i = 0; i < flags; ++i) {
-            optional.emplace_back(*this, keys[i], "");
-        }
-        if (positional) {
-            value.emplace(*this, "value", "");
+        for (std::size_t i = 0; i < std::max(flagCount, optionCount); ++i) {
+            i < flagCount ? void(flags.emplace_back(*this, keys[i], ""))
+                          : void(options.emplace_back(*this, keys[i], ""));
         }
     }
 };
@@ -224,13 +218,11 @@ struct Forms final : ParsableCommand {
 };
 
 TEST(Help, Usage) {
-    EXPECT_EQ((usageOf<Many<0, 0, false>>()), "tool");
-    EXPECT_EQ((usageOf<Many<11, 0, true>>()),
-              "tool [--a] [--b] [--c] [--d] [--e] [--f] [--g] [--h] [--i] [--j] [--k] [<value>]");
-    EXPECT_EQ((usageOf<Many<12, 0, true>>()), "tool [<options>] [<value>]");
-    EXPECT_EQ((usageOf<Many<13, 0, false>>()), "tool <options>");
-    EXPECT_EQ((usageOf<Many<12, 2, false>>()), "tool [<options>] --a <a> --b <b>");
-    EXPECT_EQ((usageOf<Many<0, 13, false>>()), "tool <options>");
+    EXPECT_EQ((usageOf<Many<0, 0>>()), "tool");
+    EXPECT_EQ((usageOf<Many<12, 0>>()), "tool [--a] [--b] [--c] [--d] [--e] [--f] [--g] [--h] [--i] [--j] [--k] [--l]");
+    EXPECT_EQ((usageOf<Many<13, 0>>()), "tool <options>");
+    EXPECT_EQ((usageOf<Many<12, 13>>()), "tool [<options>] --m <m>");
+    EXPECT_EQ((usageOf<Many<0, 13>>()), "tool <options>");
     EXPECT_EQ(usageOf<Forms>(),
               "many forms -long <long> ... [--count ...] --enable-on --disable-on [-- <what> ...] <subcommand>");
     EXPECT_TRUE(
