@@ -3,8 +3,8 @@
 #include <cstdio>
 #include <optional>
 
-#include "library.h"
-#include "server.h"
+#include "Server.h"
+#include "library/Library.h"
 
 namespace {
 
