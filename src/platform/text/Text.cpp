@@ -20,26 +20,31 @@ bool startsNonAscii(std::string_view text) {
     return !text.empty() && isNonAscii(static_cast<unsigned char>(text.front()));
 }
 
+bool continues(std::string_view text, std::size_t i) {
+    return i < text.size() && (static_cast<unsigned char>(text[i]) & 0xC0U) == 0x80;
+}
+
+/// Whether the second byte fits the first of a sequence of three or four: neither an overlong form nor a surrogate nor
+/// what lies beyond U+10FFFF.
+bool beginsLongSequence(std::string_view text) {
+    if (!continues(text, 1)) {
+        return false;
+    }
+    const auto lead = static_cast<unsigned char>(text[0]);
+    const auto second = static_cast<unsigned char>(text[1]);
+    return lead <= 0xF4 && (lead != 0xE0 || second >= 0xA0) && (lead != 0xED || second < 0xA0) &&
+           (lead != 0xF0 || second >= 0x90) && (lead != 0xF4 || second < 0x90);
+}
+
 /// The length of the well-formed sequence at the front of `text`, which begins with a byte outside ASCII; 0 when it is
 /// malformed.
 std::size_t sequenceLength(std::string_view text) {
-    const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const auto continues = [&](std::size_t i) { return (byteAt(i) & 0xC0U) == 0x80; };
-    const unsigned char lead = byteAt(0);
+    const auto lead = static_cast<unsigned char>(text[0]);
     if (lead < 0xE0) {
-        return lead >= 0xC2 && text.size() >= 2 && continues(1) ? 2 : 0;
+        return lead >= 0xC2 && continues(text, 1) ? 2 : 0;
     }
-    // Neither overlong forms nor surrogates nor what lies beyond U+10FFFF.
-    if (lead < 0xF0) {
-        return text.size() >= 3 && continues(1) && continues(2) && (lead != 0xE0 || byteAt(1) >= 0xA0) &&
-                       (lead != 0xED || byteAt(1) < 0xA0)
-                   ? 3
-                   : 0;
-    }
-    return lead <= 0xF4 && text.size() >= 4 && continues(1) && continues(2) && continues(3) &&
-                   (lead != 0xF0 || byteAt(1) >= 0x90) && (lead != 0xF4 || byteAt(1) < 0x90)
-               ? 4
-               : 0;
+    const std::size_t length = lead < 0xF0 ? 3 : 4;
+    return beginsLongSequence(text) && continues(text, 2) && (length == 3 || continues(text, 3)) ? length : 0;
 }
 
 struct Scalar {
@@ -276,13 +281,11 @@ std::size_t uncutLength(std::string_view bytes) {
 }
 
 std::size_t malformedLength(std::string_view bytes) {
-    // A beginning is one that continuation bytes make well-formed.
-    for (std::size_t length = std::min<std::size_t>(bytes.size(), 3); length > 1; --length) {
-        if (sequenceLength(std::string(bytes.substr(0, length)) + "\x80\x80") > length) {
-            return length;
-        }
+    const auto lead = static_cast<unsigned char>(bytes[0]);
+    if (lead < 0xE0 || !beginsLongSequence(bytes)) {
+        return 1;
     }
-    return 1;
+    return lead >= 0xF0 && continues(bytes, 2) ? 3 : 2;
 }
 
 std::string repairedUtf8(std::string_view bytes) {
