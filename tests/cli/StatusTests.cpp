@@ -180,26 +180,6 @@ TEST(ServiceErrors, AreReportedInTheServicesWords) {
     expectRow(refused);
 }
 
-TEST(ServiceErrors, OfTransportEachHaveTheirWords) {
-    const ToolResult refused = runTool({"status"});
-    EXPECT_EQ(refused.err, "Error: Orvane is not running. Please open the Orvane app first.\n");
-    EXPECT_EQ(refused.status, 1);
-    EXPECT_EQ(refused.out, "");
-
-    const std::string interrupted = "The connection to Orvane was interrupted. Please try again.";
-    expectFailed("whoami", {cutAnswer("")}, interrupted);
-    expectFailed("whoami", {cutAnswer("HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\n{}")}, interrupted);
-    expectFailed("whoami", {resetAnswer()}, interrupted);
-    expectFailed("whoami", {cutAnswer("SSH-2.0-OpenSSH\r\n\r\n")},
-                 "Could not communicate with Orvane: the answer is not valid HTTP (bad version)");
-}
-
-TEST(ServiceErrors, NoAnswerInTimeEndsTheWait) {
-    // Of all commands, this one has the shortest limit.
-    expectFailed("check-in", {stall()},
-                 "Orvane did not respond before the request timed out. It may be busy; please try again.");
-}
-
 TEST(RawAnswers, ReachStandardOutputUnchanged) {
     std::string large(50'000'000, 'x');
     large.replace(1000, 4, std::string("\0\xFF\r\n", 4));

@@ -195,6 +195,10 @@ Answer stall() {
     return {};
 }
 
+Answer absence() {
+    return {.use = Answer::Use::never};
+}
+
 Answer deafness() {
     return {{}, Answer::Ending::leaveOpen, Answer::Reading::nothing};
 }
@@ -216,20 +220,19 @@ ScriptedService::ScriptedService(std::vector<Answer> answers, Families families,
     if (families == Families::ipv6 || (families == Families::both && hasIPv6())) {
         listenOn(AF_INET6, port);
     }
+    leaveIfAbsent();
     thread_ = std::thread([this] { serve(); });
 }
 
 ScriptedService::~ScriptedService() {
     ::eventfd_write(stop_, 1);
     thread_.join();
-    for (const int listener : listeners_) {
-        ::close(listener);
-    }
+    closeListeners();
     ::close(stop_);
     for (const std::string& fault : faults_) {
         ADD_FAILURE() << fault;
     }
-    if (used_ < answers_.size()) {
+    if (used_ < answers_.size() && answers_[used_].use != Answer::Use::always) {
         ADD_FAILURE() << answers_.size() - used_ << " of " << answers_.size() << " scripted answers not asked for";
     }
 }
@@ -260,6 +263,20 @@ void ScriptedService::listenOn(int family, std::uint16_t port) {
     }
 }
 
+void ScriptedService::closeListeners() {
+    for (const int listener : listeners_) {
+        ::close(listener);
+    }
+    listeners_.clear();
+}
+
+void ScriptedService::leaveIfAbsent() {
+    if (used_ < answers_.size() && answers_[used_].use == Answer::Use::never) {
+        ++used_;
+        closeListeners();
+    }
+}
+
 void ScriptedService::serve() {
     std::vector<pollfd> entries;
     for (const int listener : listeners_) {
@@ -278,6 +295,9 @@ void ScriptedService::serve() {
                 continue;
             }
             serveConnection(connection);
+            if (listeners_.empty()) {
+                return;
+            }
             served = true;
         }
         if (!served && entries.back().revents != 0) {
@@ -315,7 +335,8 @@ void ScriptedService::serveConnection(int socket) {
         requests_.push_back(*request);
     }
     if (scripted) {
-        ++used_;
+        used_ += chosen.use == Answer::Use::once ? 1 : 0;
+        leaveIfAbsent();
     } else {
         faults_.push_back("no scripted answer for " + request->text().substr(0, 200));
     }

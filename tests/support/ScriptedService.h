@@ -27,11 +27,17 @@ struct Answer {
         close,
         reset, ///< An RST instead of an orderly end.
     };
+    enum class Use {
+        once,
+        always, ///< For every request from then on, if there are any.
+        never,  ///< Nobody listens from then on.
+    };
 
     std::vector<std::string> pieces{};
     Ending ending = Ending::leaveOpen;
     Reading reading = Reading::all;
     std::chrono::milliseconds pause{0}; ///< Between two pieces, and with `rest` between two looks at what has come.
+    Use use = Use::once;
 };
 
 /// Name and value of header fields, in order.
@@ -51,6 +57,8 @@ Answer resetAnswer(std::string bytes = {});
 Answer dribbledAnswer(std::vector<std::string> pieces, std::chrono::milliseconds pause);
 /// Reads the request and never answers.
 Answer stall();
+/// Nobody listens any more: to be the last answer.
+Answer absence();
 /// Accepts the connection and never reads from it.
 Answer deafness();
 /// The pieces as soon as the head of the request is in. Unless `reading` says otherwise, the rest is left unread.
@@ -89,6 +97,9 @@ public:
 
 private:
     void listenOn(int family, std::uint16_t port);
+    void closeListeners();
+    /// Closes them when the next answer is that nobody listens.
+    void leaveIfAbsent();
     void serve();
     void serveConnection(int connection);
 
