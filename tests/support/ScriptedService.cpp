@@ -11,6 +11,8 @@
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <poll.h>
+#include <pthread.h>
+#include <sched.h>
 #include <strings.h>
 #include <sys/eventfd.h>
 #include <sys/socket.h>
@@ -278,6 +280,9 @@ void ScriptedService::leaveIfAbsent() {
 }
 
 void ScriptedService::serve() {
+    // Ahead of whatever else a busy machine does, where the system allows it: a command may wait five seconds at most.
+    const sched_param first{1};
+    ::pthread_setschedparam(::pthread_self(), SCHED_FIFO, &first);
     std::vector<pollfd> entries;
     for (const int listener : listeners_) {
         entries.push_back({listener, POLLIN, 0});
