@@ -20,6 +20,7 @@ namespace {
 constexpr int redirectLimit = 16;
 constexpr int leastUnacceptingStatus = 300;
 constexpr int leastRefusingStatus = 400;
+constexpr std::size_t sentAtOnce = std::size_t{1} << 20U;
 constexpr std::chrono::milliseconds answeredIdleLimit = std::chrono::seconds(1);
 constexpr std::chrono::milliseconds refusalLimit = std::chrono::seconds(3);
 
@@ -55,8 +56,11 @@ public:
 
     bool isSent() const { return pieces_[0].iov_len + pieces_[1].iov_len == 0; }
 
+    /// Not all at once, even where the service takes it: it may have refused the request meanwhile.
     void sendSome(LoopbackSocket& socket, std::error_code& failure) {
-        std::size_t sent = socket.send(pieces_.data(), pieces_.size(), failure);
+        std::array<iovec, 2> pieces = pieces_;
+        pieces[1].iov_len = std::min(pieces[1].iov_len, sentAtOnce);
+        std::size_t sent = socket.send(pieces.data(), pieces.size(), failure);
         for (iovec& piece : pieces_) {
             const std::size_t size = std::min(sent, piece.iov_len);
             piece.iov_base = static_cast<char*>(piece.iov_base) + size;
