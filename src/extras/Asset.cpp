@@ -3,6 +3,7 @@
 #include "core/output/Style.h"
 #include "core/service/CLIError.h"
 #include "core/service/ServiceClient.h"
+#include "extras/AssetReference.h"
 #include "extras/Extras.h"
 #include "platform/files/Files.h"
 #include "platform/files/PrivateFiles.h"
@@ -14,29 +15,7 @@ namespace orvane {
 
 namespace {
 
-constexpr std::string_view canonicalOrigin = "https://assets.orvane.app/";
 constexpr const char* assetHelp = "Asset UUID or canonical assets.orvane.app URL.";
-constexpr const char* noAsset = "asset must be a UUID or canonical assets.orvane.app URL.";
-
-/// What stands in the place of the asset's id in a canonical URL; empty for any other text. A user, a port, a query, a
-/// fragment or an escape make another text of it, and so need no look of their own.
-std::string_view idInCanonicalURL(std::string_view url) {
-    if (!url.starts_with(canonicalOrigin)) {
-        return {};
-    }
-    std::vector<std::string_view> pieces = platform::split(url.substr(canonicalOrigin.size()), '/');
-    std::erase(pieces, std::string_view());
-    return pieces.size() == 2 && pieces.front() == "v1" ? pieces.back() : std::string_view();
-}
-
-/// The id of the asset that a UUID or a URL names, in lower case. Throws ValidationError.
-std::string resolvedAsset(std::string_view reference) {
-    const std::string_view id = isUUID(reference) ? reference : idInCanonicalURL(reference);
-    if (!isUUID(id)) {
-        throw ValidationError{noAsset};
-    }
-    return platform::lowercased(id);
-}
 
 /// What the bytes of an image begin with, whatever anyone says about them.
 std::string_view extensionOf(std::string_view image) {
