@@ -3,6 +3,7 @@ include(CheckCXXCompilerFlag)
 include(CheckCXXSourceCompiles)
 
 option(ORVANE_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+option(ORVANE_FUZZ "Build the fuzz targets, with clang's libFuzzer" OFF)
 option(ORVANE_HARDEN "Build with the hardening flags of a release" OFF)
 option(ORVANE_STATIC "Link the tool into one static, position-independent executable, optimized as a whole" OFF)
 if(ORVANE_SANITIZE AND ORVANE_STATIC)
@@ -34,6 +35,14 @@ if(ORVANE_SANITIZE)
 else()
   target_link_options(project_settings INTERFACE
     $<${is_dynamic}:-static-libstdc++> $<${is_dynamic}:-static-libgcc> LINKER:--as-needed)
+endif()
+
+if(ORVANE_FUZZ)
+  if(NOT CMAKE_CXX_COMPILER_ID MATCHES Clang)
+    message(FATAL_ERROR "ORVANE_FUZZ needs clang, which has libFuzzer.")
+  endif()
+  target_compile_options(project_settings INTERFACE -fsanitize=fuzzer-no-link)
+  target_compile_definitions(project_settings INTERFACE _GLIBCXX_ASSERTIONS)
 endif()
 
 if(ORVANE_HARDEN)
