@@ -319,7 +319,11 @@ void ScriptedService::serveConnection(int socket) {
     std::string bytes;
     if (chosen.reading == Answer::Reading::nothing) {
         ++used_;
-        connection.wait(POLLRDHUP);
+        if (chosen.ending == Answer::Ending::reset) {
+            connection.reset();
+        } else {
+            connection.wait(POLLRDHUP);
+        }
         return;
     }
     auto request = readHead(connection, bytes);

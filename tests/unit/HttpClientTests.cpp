@@ -194,6 +194,13 @@ TEST(HttpClient, readsEveryFormOfAnswer) {
     EXPECT_EQ(outcomeOf(answer(200, "ok", {{"X", std::string(900'000, 'x')}})), "200 ok");
 }
 
+TEST(HttpClient, losesAConnectionThatIsGoneBeforeItIsSeenToStand) {
+    const ScriptedService service(std::vector(20, Answer{.ending = Ending::reset, .reading = Reading::nothing}));
+    for (int i = 0; i < 20; ++i) {
+        EXPECT_EQ(outcomeOf(get("/")), "lost");
+    }
+}
+
 TEST(HttpClient, tellsALostConnectionFromNonsense) {
     for (const std::string& bytes :
          {std::string(), std::string("HTTP/1.1 20"), ok + "Content-", proceed, fourBytes + "123", chunked + "5\r\nabc",

@@ -110,6 +110,9 @@ private:
         if (failure == std::errc::timed_out) {
             throw failureOf(failure);
         }
+        if (isReset(failure)) {
+            throw connectionLost(); // A service that hangs up at once may do so before the connection is seen to stand.
+        }
         const std::string address = hostAndPort(location_.host, location_.port);
         if (failure == std::errc::connection_refused) {
             throw HttpError(HttpFailure::cannotConnect, "nothing answers at " + address);
