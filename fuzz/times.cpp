@@ -87,6 +87,9 @@ void checkIsoInstant(Instant instant, Instant offset) {
 }
 
 void checkText(std::string_view text) {
+    if (text.find('\0') != std::string_view::npos) {
+        return; // The C library's texts end there.
+    }
     const std::string copy(text);
     platform::LocalClock clock(1'700'000'000);
     tm fields{};
