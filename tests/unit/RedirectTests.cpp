@@ -29,7 +29,8 @@ TEST(Redirect, leadsToPlainHttpOnLoopbackAlone) {
          {"https://localhost:44360/b", "http://example.com/", "http://127.example.com/", "//192.0.2.1/b",
           "ftp://localhost/b", "http://localhost:99999/", "http://[::2]:44360/", "http://a b/", "/a b", "mailto:a@b",
           "http:/b", "http://user@127.0.0.1:44360/b", "http://127.0.0.256:44360/b", "http://localhost:0/b",
-          "http://localhost.example/", "http://[::1"}) {
+          "http://localhost.example/", "http://[::1", "http://127.0.0.+1/", "http://127.0.0.010/",
+          "http://localhost:+80/"}) {
         EXPECT_EQ(resolved(reference), "") << reference;
     }
 }

@@ -4,6 +4,9 @@
 #include <algorithm>
 #include <vector>
 
+#include <arpa/inet.h>
+#include <netinet/in.h>
+
 #include "platform/text/Text.h"
 
 namespace platform {
@@ -16,9 +19,9 @@ bool isLoopback(std::string_view host) {
     if (host == "localhost" || host == "[::1]") {
         return true;
     }
-    const auto numbers = split(host, '.');
-    const auto fitsByte = [](std::string_view number) { return parseNumber<std::uint8_t>(number).has_value(); };
-    return numbers.size() == 4 && numbers.front() == "127" && std::all_of(numbers.begin(), numbers.end(), fitsByte);
+    in_addr address{};
+    return ::inet_pton(AF_INET, std::string(host).c_str(), &address) == 1 &&
+           ntohl(address.s_addr) >> 24U == IN_LOOPBACKNET;
 }
 
 /// The scheme in front of a ":", in lower case; empty for a relative reference.
@@ -35,7 +38,7 @@ std::optional<HttpLocation> parseAuthority(std::string_view authority) {
     HttpLocation found{lowercased(authority.substr(0, hostEnd)), defaultPort, {}};
     if (const std::string_view port = authority.substr(hostEnd); port.size() > 1) {
         const auto number = parseNumber<std::uint16_t>(port.substr(1));
-        if (!number || *number == 0) {
+        if (!number || *number == 0 || port.starts_with(":+")) {
             return std::nullopt;
         }
         found.port = *number;
