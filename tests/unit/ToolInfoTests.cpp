@@ -148,6 +148,8 @@ TEST(ToolInfo, ReadsOnlyWhatItWrites) {
     const std::pair<std::string, std::string> cases[]{
         {"[]", "The description is not a JSON object."},
         {"{}", R"(The key "serializationVersion" is missing, or its value is of another type.)"},
+        {R"({"serializationVersion":4294967296})",
+         R"(The key "serializationVersion" is missing, or its value is of another type.)"},
         {R"({"serializationVersion":0})", R"(The key "command" is missing, or its value is of another type.)"},
         {withArgument(argument + R"(,"names":[1])"), R"(The key "names" is missing, or its value is of another type.)"},
         {withArgument(argument + R"(,"valueName":null)"),

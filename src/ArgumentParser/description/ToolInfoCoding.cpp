@@ -1,6 +1,7 @@
 #include "ArgumentParser/description/ToolInfo.h"
 
 #include <stdexcept>
+#include <utility>
 
 #include "platform/json/Json.h"
 #include "platform/json/JsonTree.h"
@@ -169,8 +170,12 @@ private:
     }
 
     bool read(const char* key, bool& value) const { return take(object.boolean(key), value); }
-    bool read(const char* key, int& value) const { return take(object.integer(key), value); }
     bool read(const char* key, std::string& value) const { return take(object.text(key), value); }
+
+    bool read(const char* key, int& value) const {
+        const std::optional<std::int64_t> number = object.integer(key);
+        return number && std::in_range<int>(*number) && take(number, value);
+    }
 
     bool read(const char* key, std::vector<std::string>& values) const {
         const auto texts = object.texts(key);
