@@ -163,7 +163,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     request.body.resize((behaviour & 8U) == 0 ? 0 : 400'000, 'x'); // More than the connection takes at once.
     request.idleTimeout = std::chrono::seconds(10);
     const std::string outcome = outcomeOf(request);
-    if (!expectation.isRedirect && (script.endsInOrder || !outcome.starts_with("failure 2"))) {
+    // The status of a refusal counts without its text when the request is not sent whole.
+    const bool isCutRefusal = !request.body.empty() && outcome.front() >= '4' && outcome.front() <= '9' &&
+                              expectation.outcome.starts_with("failure");
+    const bool isCut = isCutRefusal || (!script.endsInOrder && outcome.starts_with("failure 2"));
+    if (!expectation.isRedirect && !isCut) {
         fuzz::requireSame(outcome, expectation.outcome, "an exchange brings the response that was sent");
     }
     return 0;

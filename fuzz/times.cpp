@@ -111,7 +111,8 @@ void checkText(std::string_view text) {
         };
         const int offset = isUtc ? 0 : sign * (digits(5) * 60 + digits(2)) * 60;
         fuzz::require(::timegm(&fields) - offset == *instant, "an instant reads as by the C library");
-        fuzz::require(shown.size() == 12, "a listing's date is 12 characters wide");
+        const bool hasFourDigits = *instant < lastInstant - 2 * day;
+        fuzz::require(!hasFourDigits || shown.size() == 12, "a listing's date is 12 characters wide");
     } else {
         fuzz::requireSame(shown, "", "another text shows nothing");
     }
