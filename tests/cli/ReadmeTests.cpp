@@ -1,4 +1,4 @@
-// What the README shows is what its commands print.
+// What the README shows is what its commands print, and the tests that other pages name are there.
 #include <filesystem>
 #include <fstream>
 #include <regex>
@@ -59,6 +59,37 @@ TEST(Readme, ShowsWhatItsCommandsPrint) {
         const ToolResult result = runTool({"-c", "{ " + example.command + "\n} 2>&1 | expand"}, setting);
         EXPECT_EQ(comparable(result.out), comparable(example.shown)) << "README.md:" << example.line;
     }
+}
+
+/// Whether the name in a page, such as "Suite.Name" or "fuzz/json.cpp", is that of a test or a file.
+bool isThere(const std::string& name, const std::filesystem::path& root) {
+    const std::size_t dot = name.find('.');
+    if (name.find('/') != std::string::npos) {
+        return std::filesystem::exists(root / name);
+    }
+    const auto& all = *testing::UnitTest::GetInstance();
+    for (int i = 0; i < all.total_test_suite_count(); ++i) {
+        const testing::TestSuite& suite = *all.GetTestSuite(i);
+        for (int j = 0; suite.name() == name.substr(0, dot) && j < suite.total_test_count(); ++j) {
+            if (suite.GetTestInfo(j)->name() == name.substr(dot + 1)) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+TEST(Reliability, NamesTestsThatAreThere) {
+    const std::filesystem::path root = std::filesystem::path(README_FILE).parent_path();
+    std::ifstream page(root / "docs/reliability.md");
+    const std::string text{std::istreambuf_iterator<char>(page), {}};
+    const std::regex named("`([A-Z][A-Za-z]+[.][A-Za-z]+|fuzz/[a-z]+[.]cpp)`");
+    std::size_t count = 0;
+    for (std::sregex_iterator match(text.begin(), text.end(), named); match != std::sregex_iterator(); ++match) {
+        ++count;
+        EXPECT_TRUE(isThere((*match)[1], root)) << (*match)[1];
+    }
+    EXPECT_GT(count, 20U);
 }
 
 } // namespace
