@@ -103,7 +103,7 @@ TEST_F(Laws, AnyLineEndsWithOneOfThreeStatusesAndSendsNothingWhenItIsRefused) {
             EXPECT_EQ(info.exitCode(), isRefused ? 64 : 0) << testing::PrintToString(line);
         }
     });
-    expectAlways(150, [&] {
+    expectAlways(80, [&] {
         const Texts line = commandLine();
         Answer any = oneIn(2) ? answer("{}") : answer(400, "");
         any.use = Answer::Use::always;
@@ -181,7 +181,7 @@ std::string Laws::node() {
 }
 
 TEST_F(Laws, WhatStandsOnALineStaysOnItAndAListingHasARowForEachNode) {
-    expectAlways(30, [&] {
+    expectAlways(15, [&] {
         const std::size_t count = below(oneIn(5) ? 500 : 5);
         std::string nodes = "[";
         repeat(count, [&] { nodes += (nodes == "[" ? "" : ",") + (oneIn(5) ? "{\"sliceId\":\"s\"}" : node()); });
