@@ -122,6 +122,7 @@ std::string outcomeOf(platform::HttpRequest request) {
 struct Expectation {
     std::string outcome;
     bool isRedirect = false;
+    bool endsWithConnection = false;
 };
 
 Expectation expected(std::string_view bytes) {
@@ -131,7 +132,8 @@ Expectation expected(std::string_view bytes) {
     try {
         fuzz::feed(reader, bytes, {});
         const bool isRedirect = reader.status() / 100 == 3 && reader.takeLocation();
-        return {fuzz::outcome(reader.takeResponse(), passedOn), isRedirect};
+        const bool endsWithConnection = reader.endsWithConnection();
+        return {fuzz::outcome(reader.takeResponse(), passedOn), isRedirect, endsWithConnection};
     } catch (const platform::HttpError& error) {
         return {fuzz::outcome(error, passedOn)};
     }
@@ -166,7 +168,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // The status of a refusal counts without its text when the request is not sent whole.
     const bool isCutRefusal = !request.body.empty() && outcome.front() >= '4' && outcome.front() <= '9' &&
                               expectation.outcome.starts_with("failure");
-    const bool isCut = isCutRefusal || (!script.endsInOrder && outcome.starts_with("failure 2"));
+    // A service that closes with a part of the request unread resets the connection, on which bytes may get lost.
+    const bool mayLoseItsEnd = !request.body.empty() && expectation.endsWithConnection;
+    const bool isCut = isCutRefusal || mayLoseItsEnd || (!script.endsInOrder && outcome.starts_with("failure 2"));
     if (!expectation.isRedirect && !isCut) {
         fuzz::requireSame(outcome, expectation.outcome, "an exchange brings the response that was sent");
     }
