@@ -1,10 +1,14 @@
-// Which room of src may include which.
+// Which room of src may include which, and whether the picture in docs shows what includes what.
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <map>
 #include <regex>
 #include <set>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -31,7 +35,7 @@ const std::map<std::string, std::set<std::string>> arrows{
     {"ArgumentParser/messages",
      {"ArgumentParser", "ArgumentParser/declaration", "ArgumentParser/help", "ArgumentParser/description",
       "ArgumentParser/completions", "platform/"}},
-    {"RunCommandLine", {"ArgumentParser", "ArgumentParser/", "platform/"}},
+    {"ArgumentParser/RunCommandLine", {"ArgumentParser", "ArgumentParser/", "platform/"}},
     {"core", {"ArgumentParser", "platform", "platform/"}},
     {"core/output", {"platform/"}},
     {"core/service", {"core", "core/output", "ArgumentParser", "platform/"}},
@@ -42,7 +46,7 @@ const std::set<std::string> familysArrows{"core", "core/", "ArgumentParser", "pl
 
 /// The room of a file, by its path below src.
 std::string roomOf(const fs::path& file) {
-    return file.stem() == "RunCommandLine" ? "RunCommandLine" : file.parent_path().string();
+    return file.stem() == "RunCommandLine" ? "ArgumentParser/RunCommandLine" : file.parent_path().string();
 }
 
 bool mayInclude(const std::string& from, const std::string& to) {
@@ -59,10 +63,17 @@ fs::path included(const fs::path& source, const fs::path& file, const std::strin
     return fs::is_regular_file(source / found) ? found : fs::path();
 }
 
-TEST(Arrows, PointOneWay) {
+/// An include line whose target is a file of src too.
+struct Include {
+    fs::path file;
+    std::size_t line;
+    fs::path target;
+};
+
+std::vector<Include> includes() {
     const fs::path source = SOURCE_DIRECTORY;
     const std::regex include(R"re(\s*#\s*include\s*["<]([^">]+)[">].*)re");
-    std::size_t count = 0;
+    std::vector<Include> includes;
     for (const auto& entry : fs::recursive_directory_iterator(source)) {
         const fs::path file = entry.path().lexically_relative(source);
         std::ifstream text(entry.path());
@@ -73,17 +84,67 @@ TEST(Arrows, PointOneWay) {
             if (!std::regex_match(line, match, include)) {
                 continue;
             }
-            const fs::path target = included(source, file, match[1]);
-            if (target.empty()) {
-                continue;
+            if (const fs::path target = included(source, file, match[1]); !target.empty()) {
+                includes.push_back({file, number, target});
             }
-            ++count;
-            EXPECT_TRUE(mayInclude(roomOf(file), roomOf(target)))
-                << "src/" << file.string() << ":" << number << ": " << roomOf(file) << " must not include "
-                << target.string();
         }
     }
-    EXPECT_GT(count, 100U);
+    return includes;
+}
+
+TEST(Arrows, PointOneWay) {
+    const std::vector<Include> all = includes();
+    for (const Include& each : all) {
+        EXPECT_TRUE(mayInclude(roomOf(each.file), roomOf(each.target)))
+            << "src/" << each.file.string() << ":" << each.line << ": " << roomOf(each.file) << " must not include "
+            << each.target.string();
+    }
+    EXPECT_GT(all.size(), 100U);
+}
+
+/// The folder at the top of src that a room lies in, with a slash behind it.
+std::string folderOf(const std::string& room) {
+    return room.substr(0, room.find('/')) + "/";
+}
+
+using Arrow = std::pair<std::string, std::string>;
+
+std::set<Arrow> arrowsOfSources() {
+    std::set<Arrow> found;
+    for (const Include& each : includes()) {
+        const std::string from = roomOf(each.file);
+        const std::string to = roomOf(each.target);
+        if (folderOf(from) != folderOf(to)) {
+            found.emplace(folderOf(from), folderOf(to));
+        } else if (from != to) {
+            found.emplace(from, to);
+        }
+    }
+    return found;
+}
+
+std::set<Arrow> arrowsOfPicture() {
+    std::ifstream picture(fs::path(README_FILE).parent_path() / "docs/architecture.svg");
+    const std::regex title("<title>(.*)&#45;&gt;(.*)</title>");
+    std::set<Arrow> found;
+    std::smatch match;
+    for (std::string line; std::getline(picture, line);) {
+        if (std::regex_match(line, match, title)) {
+            found.emplace(match[1], match[2]);
+        }
+    }
+    return found;
+}
+
+TEST(Arrows, AreThoseOfThePicture) {
+    const std::set<Arrow> drawn = arrowsOfPicture();
+    const std::set<Arrow> there = arrowsOfSources();
+    std::vector<Arrow> wrong;
+    std::ranges::set_symmetric_difference(drawn, there, std::back_inserter(wrong));
+    for (const auto& [from, to] : wrong) {
+        ADD_FAILURE() << from << " -> " << to << (there.contains({from, to}) ? " is not drawn" : " is drawn alone")
+                      << ": scripts/draw-architecture draws the picture anew.";
+    }
 }
 
 } // namespace

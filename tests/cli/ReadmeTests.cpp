@@ -1,7 +1,10 @@
-// What the README shows is what its commands print, and the tests that other pages name are there.
+// What the pages show is what their commands print, and what they name is there.
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <regex>
+#include <set>
+#include <sstream>
 
 #include <gtest/gtest.h>
 
@@ -12,25 +15,34 @@ using namespace testsupport;
 
 namespace {
 
+namespace fs = std::filesystem;
+
+const fs::path projectDirectory = fs::path(README_FILE).parent_path();
+const std::string indent = "    ";
+const std::string prompt = indent + "$ ";
+
+std::string textOf(const fs::path& file) {
+    std::ifstream stream(file);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
 /// A line for a shell, and what stands below it until the next such line or the end of the indentation.
 struct Example {
-    int line = 0; ///< In the README, from 1.
+    std::string where;
     std::string command;
     std::string shown;
 };
 
-std::vector<Example> examples() {
-    const std::string indent = "    ";
-    const std::string prompt = indent + "$ ";
+std::vector<Example> examples(const std::string& page) {
     std::vector<Example> examples;
     bool isInside = false;
-    std::ifstream readme(README_FILE);
+    std::istringstream text(textOf(projectDirectory / page));
     int number = 0;
-    for (std::string line; std::getline(readme, line);) {
+    for (std::string line; std::getline(text, line);) {
         ++number;
         isInside = line.starts_with(prompt) || (isInside && (line.empty() || line.starts_with(indent)));
         if (line.starts_with(prompt)) {
-            examples.push_back({number, line.substr(prompt.size()), {}});
+            examples.push_back({page + ":" + std::to_string(number), line.substr(prompt.size()), {}});
         } else if (isInside) {
             examples.back().shown += (line.empty() ? line : line.substr(indent.size())) + "\n";
         }
@@ -52,20 +64,23 @@ TEST(Readme, ShowsWhatItsCommandsPrint) {
     const SampleLibrary library;
     ToolSetting setting;
     setting.binary = "/bin/bash";
-    setting.environment["PATH"] = std::filesystem::path(ORVANE_CLI_BINARY).parent_path().string() + ":/usr/bin:/bin";
-    const std::vector<Example> all = examples();
-    EXPECT_GT(all.size(), 10U);
-    for (const Example& example : all) {
-        const ToolResult result = runTool({"-c", "{ " + example.command + "\n} 2>&1 | expand"}, setting);
-        EXPECT_EQ(comparable(result.out), comparable(example.shown)) << "README.md:" << example.line;
+    setting.environment["PATH"] = fs::path(ORVANE_CLI_BINARY).parent_path().string() + ":/usr/bin:/bin";
+    std::size_t count = 0;
+    for (const char* page : {"README.md", "CONTRIBUTING.md", "SECURITY.md", "docs/architecture.md"}) {
+        for (const Example& example : examples(page)) {
+            ++count;
+            const ToolResult result = runTool({"-c", "{ " + example.command + "\n} 2>&1 | expand"}, setting);
+            EXPECT_EQ(comparable(result.out), comparable(example.shown)) << example.where;
+        }
     }
+    EXPECT_GT(count, 10U);
 }
 
 /// Whether the name in a page, such as "Suite.Name" or "fuzz/json.cpp", is that of a test or a file.
-bool isThere(const std::string& name, const std::filesystem::path& root) {
+bool isThere(const std::string& name) {
     const std::size_t dot = name.find('.');
     if (name.find('/') != std::string::npos) {
-        return std::filesystem::exists(root / name);
+        return fs::exists(projectDirectory / name);
     }
     const auto& all = *testing::UnitTest::GetInstance();
     for (int i = 0; i < all.total_test_suite_count(); ++i) {
@@ -80,16 +95,87 @@ bool isThere(const std::string& name, const std::filesystem::path& root) {
 }
 
 TEST(Reliability, NamesTestsThatAreThere) {
-    const std::filesystem::path root = std::filesystem::path(README_FILE).parent_path();
-    std::ifstream page(root / "docs/reliability.md");
-    const std::string text{std::istreambuf_iterator<char>(page), {}};
+    const std::string text = textOf(projectDirectory / "docs/reliability.md");
     const std::regex named("`([A-Z][A-Za-z]+[.][A-Za-z]+|fuzz/[a-z]+[.]cpp)`");
     std::size_t count = 0;
     for (std::sregex_iterator match(text.begin(), text.end(), named); match != std::sregex_iterator(); ++match) {
         ++count;
-        EXPECT_TRUE(isThere((*match)[1], root)) << (*match)[1];
+        EXPECT_TRUE(isThere((*match)[1])) << (*match)[1];
     }
     EXPECT_GT(count, 20U);
+}
+
+std::set<std::string> wordsOf(const std::string& text) {
+    const auto isOfWord = [](char byte) {
+        return byte == '_' || (byte >= '0' && byte <= '9') || (byte >= 'A' && byte <= 'Z') ||
+               (byte >= 'a' && byte <= 'z');
+    };
+    std::set<std::string> words;
+    for (auto start = text.begin(); start != text.end();) {
+        start = std::find_if(start, text.end(), isOfWord);
+        const auto end = std::find_if_not(start, text.end(), isOfWord);
+        words.emplace(start, end);
+        start = end;
+    }
+    return words;
+}
+
+/// All that the tool, its tests and the sample library are made of, and the names of the files it is in.
+struct Sources {
+    std::string text;
+    std::set<std::string> files;
+};
+
+Sources sources() {
+    Sources all;
+    for (const char* folder : {"src", "tests", "sample"}) {
+        for (const auto& entry : fs::recursive_directory_iterator(projectDirectory / folder)) {
+            if (const fs::path extension = entry.path().extension(); extension == ".cpp" || extension == ".h") {
+                all.text += textOf(entry.path());
+                all.files.insert(entry.path().filename());
+            }
+        }
+    }
+    return all;
+}
+
+/// Whether a page may say `name`: a path, a source file's name, a test, or words of the sources.
+bool isOf(const Sources& sources, const std::set<std::string>& words, const std::string& name) {
+    if (name.front() != '/' && name.find('/') < name.size() - 1) {
+        return fs::exists(projectDirectory / name);
+    }
+    if (name.ends_with(".cpp") || name.ends_with(".h")) {
+        return sources.files.contains(name);
+    }
+    return isThere(name) || std::ranges::includes(words, wordsOf(name));
+}
+
+TEST(Architecture, NamesWhatIsThere) {
+    const Sources all = sources();
+    const std::set<std::string> words = wordsOf(all.text);
+    const std::string text = textOf(projectDirectory / "docs/architecture.md");
+    const std::regex named("`([^` ]+)`"); // What has a blank is a command line.
+    std::size_t count = 0;
+    for (std::sregex_iterator match(text.begin(), text.end(), named); match != std::sregex_iterator(); ++match) {
+        ++count;
+        EXPECT_TRUE(isOf(all, words, (*match)[1])) << (*match)[1];
+    }
+    EXPECT_GT(count, 50U);
+}
+
+TEST(Architecture, QuotesTheSources) {
+    const Sources all = sources();
+    std::istringstream page(textOf(projectDirectory / "docs/architecture.md"));
+    bool isExample = false;
+    std::size_t count = 0;
+    for (std::string line; std::getline(page, line);) {
+        isExample = line.starts_with(prompt) || (isExample && line.starts_with(indent));
+        if (line.starts_with(indent) && !isExample) {
+            ++count;
+            EXPECT_NE(all.text.find(line.substr(line.find_first_not_of(' '))), std::string::npos) << line;
+        }
+    }
+    EXPECT_GT(count, 10U);
 }
 
 } // namespace
