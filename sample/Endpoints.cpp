@@ -40,12 +40,12 @@ const Endpoint* endpointOf(const Request& request) {
     return nullptr;
 }
 
-Response refusal(unsigned status, std::string_view message, json::object details = {}) {
+} // namespace
+
+Response refusal(unsigned status, std::string_view message, json::object details) {
     details["message"] = message;
     return {.status = status, .body = json::serialize(details)};
 }
-
-} // namespace
 
 Response answer(Library& library, std::string_view method, std::string_view target, std::string_view body) {
     try {

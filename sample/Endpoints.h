@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include <boost/json/object.hpp>
 #include <boost/json/value.hpp>
 
 #include "Request.h"
@@ -46,6 +47,8 @@ struct Response {
     unsigned status = 200;
     std::string body;
 };
+
+Response refusal(unsigned status, std::string_view message, json::object details = {});
 
 /// Answers any request; a refusal is an answer too.
 Response answer(Library& library, std::string_view method, std::string_view target, std::string_view body);

@@ -1,24 +1,31 @@
 // sample-library: an in-memory library behind the service's wire format, for trying the command-line client.
-#include <charconv>
 #include <cstdio>
 #include <optional>
 
+#include "CommandLine.h"
+#include "LogFile.h"
 #include "Server.h"
 #include "library/Library.h"
 
 namespace {
 
-constexpr std::uint16_t servicePort = 44360;
+constexpr int wrongUse = 64;
 
-std::optional<std::uint16_t> parsePort(std::string_view text) {
-    std::uint16_t port = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), port);
-    return error == std::errc() && end == text.data() + text.size() ? std::optional(port) : std::nullopt;
-}
-
-void run(const char* dataFile, std::uint16_t port) {
-    sample::Library library = sample::loadLibrary(dataFile);
-    sample::serve(library, port, [&](std::uint16_t taken) {
+void run(const sample::CommandLine& line) {
+    sample::Library library = sample::loadLibrary(line.dataFile);
+    std::optional<sample::LogFile> file;
+    if (line.logFile) {
+        file.emplace(*line.logFile);
+    }
+    const auto log = [&](const sample::Exchange& exchange) {
+        if (line.logsToTerminal) {
+            std::fputs(sample::asBlock(exchange).c_str(), stderr);
+        }
+        if (file) {
+            file->add(sample::asJsonLine(exchange));
+        }
+    };
+    sample::serve(library, line.port, {line.delay, line.failure, line.closes, log}, [&](std::uint16_t taken) {
         std::printf("Sample library with %zu nodes at http://localhost:%u (Ctrl-C ends it)\n", library.nodes.size(),
                     unsigned{taken});
         std::fflush(stdout);
@@ -28,15 +35,17 @@ void run(const char* dataFile, std::uint16_t port) {
 } // namespace
 
 int main(int count, char** words) {
-    const bool withPort = count == 4 && std::string_view(words[2]) == "--port";
-    const auto port = withPort ? parsePort(words[3]) : servicePort;
-    if (!port || (count != 2 && !withPort)) {
-        std::fputs("Usage: sample-library DATAFILE [--port N]\n", stderr);
-        return 1;
-    }
     try {
-        run(words[1], *port);
+        const auto line = sample::parseCommandLine(std::span(words, static_cast<std::size_t>(count)).subspan(1));
+        if (line.wantsHelp) {
+            std::fputs(sample::helpText, stdout);
+        } else {
+            run(line);
+        }
         return 0;
+    } catch (const sample::UsageError& error) {
+        std::fprintf(stderr, "sample-library: %s\nSee 'sample-library --help'.\n", error.what());
+        return wrongUse;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "sample-library: %s\n", error.what());
         return 1;

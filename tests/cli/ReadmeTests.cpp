@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "support/SampleLibrary.h"
+#include "support/TemporaryFiles.h"
 #include "support/ToolRunner.h"
 
 using namespace testsupport;
@@ -60,9 +61,12 @@ std::string comparable(std::string text) {
     return std::regex_replace(std::regex_replace(text, date, "DATE"), newId, "$1ID");
 }
 
-TEST(Readme, ShowsWhatItsCommandsPrint) {
-    const SampleLibrary library;
+class Readme : public TemporaryFiles {};
+
+TEST_F(Readme, ShowsWhatItsCommandsPrint) {
+    const SampleLibrary library("UTC", {"--log=" + directory + "/wire.jsonl"});
     ToolSetting setting;
+    setting.directory = directory;
     setting.binary = "/bin/bash";
     setting.environment["PATH"] = fs::path(ORVANE_CLI_BINARY).parent_path().string() + ":/usr/bin:/bin";
     std::size_t count = 0;

@@ -12,7 +12,7 @@
 
 namespace testsupport {
 
-SampleLibrary::SampleLibrary(const std::string& zone) {
+SampleLibrary::SampleLibrary(const std::string& zone, std::vector<std::string> options, const std::string& err) {
     std::array<int, 2> ready{};
     if (::pipe2(ready.data(), O_CLOEXEC) != 0) {
         throw std::system_error(errno, std::generic_category(), "pipe2");
@@ -20,8 +20,14 @@ SampleLibrary::SampleLibrary(const std::string& zone) {
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_adddup2(&actions, ready[1], STDOUT_FILENO);
-    std::array<char*, 3> arguments{const_cast<char*>(SAMPLE_LIBRARY_BINARY), const_cast<char*>(SAMPLE_LIBRARY_DATA),
-                                   nullptr};
+    if (!err.empty()) {
+        posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, err.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600);
+    }
+    std::vector<char*> arguments{const_cast<char*>(SAMPLE_LIBRARY_BINARY)};
+    for (std::string& option : options) {
+        arguments.push_back(option.data());
+    }
+    arguments.insert(arguments.end(), {const_cast<char*>(SAMPLE_LIBRARY_DATA), nullptr});
     std::string variable = "TZ=" + zone;
     std::array<char*, 2> environment{variable.data(), nullptr};
     const int error =
