@@ -88,7 +88,7 @@ if(ORVANE_STATIC)
 
   # Relative relocations in a few words; the start-up code of older C libraries can't read them.
   set(CMAKE_REQUIRED_FLAGS -fPIE)
-  set(CMAKE_REQUIRED_LINK_OPTIONS -static-pie LINKER:-z,pack-relative-relocs LINKER:--fatal-warnings)
+  set(CMAKE_REQUIRED_LINK_OPTIONS -static-pie LINKER:--fatal-warnings LINKER:-z,pack-relative-relocs)
   check_cxx_source_compiles("
     #include <features.h>
     #if !__GLIBC_PREREQ(2, 36)
