@@ -52,7 +52,7 @@ TEST(Readme, ShowsWhatItsCommandsPrint) {
     const SampleLibrary library;
     ToolSetting setting;
     setting.binary = "/bin/bash";
-    setting.environment["PATH"] = std::filesystem::path(ORVANE_CLI_BINARY).parent_path().string() + ":/usr/bin:/bin";
+    setting.environment["PATH"] = std::filesystem::path(toolBinary()).parent_path().string() + ":/usr/bin:/bin";
     const std::vector<Example> all = examples();
     EXPECT_GT(all.size(), 10U);
     for (const Example& example : all) {
