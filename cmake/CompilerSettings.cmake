@@ -51,11 +51,12 @@ if(ORVANE_HARDEN)
   target_link_options(project_settings INTERFACE
     $<${is_dynamic}:-pie> LINKER:-z,relro LINKER:-z,now LINKER:-z,noexecstack LINKER:--gc-sections)
 
-  # x86 alone has it.
+  # x86 has the one, 64-bit ARM the other.
   check_cxx_compiler_flag(-fcf-protection has_control_flow_protection)
-  if(has_control_flow_protection)
-    target_compile_options(project_settings INTERFACE -fcf-protection)
-  endif()
+  check_cxx_compiler_flag(-mbranch-protection=standard has_branch_protection)
+  target_compile_options(project_settings INTERFACE
+    $<$<BOOL:${has_control_flow_protection}>:-fcf-protection>
+    $<$<BOOL:${has_branch_protection}>:-mbranch-protection=standard>)
 
   # A level given from outside, or built into the compiler, stands. Without optimization there is none to have.
   set(CMAKE_REQUIRED_FLAGS -O2)
@@ -88,7 +89,7 @@ if(ORVANE_STATIC)
 
   # Relative relocations in a few words; the start-up code of older C libraries can't read them.
   set(CMAKE_REQUIRED_FLAGS -fPIE)
-  set(CMAKE_REQUIRED_LINK_OPTIONS -static-pie LINKER:-z,pack-relative-relocs LINKER:--fatal-warnings)
+  set(CMAKE_REQUIRED_LINK_OPTIONS -static-pie LINKER:--fatal-warnings LINKER:-z,pack-relative-relocs)
   check_cxx_source_compiles("
     #include <features.h>
     #if !__GLIBC_PREREQ(2, 36)

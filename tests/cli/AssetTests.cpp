@@ -140,7 +140,7 @@ TEST_F(AssetDownloads, SayWhatIsWrongAndLeaveNothing) {
     CommandRow limited =
         failing(downloads(png + std::string(100'000, 'x')), "Could not write " + target + ": File too large");
     limited.setting.binary = "/bin/sh";
-    limited.arguments = {"-c", "ulimit -f 1; exec \"$0\" asset get " + id, ORVANE_CLI_BINARY};
+    limited.arguments = {"-c", "ulimit -f 1; exec \"$0\" asset get " + id, toolBinary()};
     expectRow(limited);
     EXPECT_EQ(cachedCount(), 0);
     fs::create_directories(target + "/x");

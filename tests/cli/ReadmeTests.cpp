@@ -68,7 +68,7 @@ TEST_F(Readme, ShowsWhatItsCommandsPrint) {
     ToolSetting setting;
     setting.directory = directory;
     setting.binary = "/bin/bash";
-    setting.environment["PATH"] = fs::path(ORVANE_CLI_BINARY).parent_path().string() + ":/usr/bin:/bin";
+    setting.environment["PATH"] = fs::path(toolBinary()).parent_path().string() + ":/usr/bin:/bin";
     std::size_t count = 0;
     for (const char* page : {"README.md", "CONTRIBUTING.md", "SECURITY.md", "docs/architecture.md"}) {
         for (const Example& example : examples(page)) {

@@ -217,6 +217,15 @@ std::string typedText(const std::string& text) {
 
 } // namespace
 
+bool toolIsEmulated() {
+    return std::getenv("ORVANE_EMULATED_CLI") != nullptr;
+}
+
+const std::string& toolBinary() {
+    static const std::string binary = toolIsEmulated() ? std::getenv("ORVANE_EMULATED_CLI") : ORVANE_CLI_BINARY;
+    return binary;
+}
+
 ToolResult runTool(const std::vector<std::string>& arguments, const ToolSetting& setting) {
     Ends in = openInput(setting.input);
     Ends out = openOutput(setting.out);

@@ -36,6 +36,12 @@ struct Output {
     static Output closed() { return {Kind::closed}; }
 };
 
+/// Whether the tool is the one of another architecture, which an emulator runs.
+bool toolIsEmulated();
+
+/// The tool that is tested: the one built with the tests, or what ORVANE_EMULATED_CLI names in their environment.
+const std::string& toolBinary();
+
 /// How the tool is started, arguments aside. By default: an empty input, two pipes, and an environment of
 /// PATH=/usr/bin:/bin, HOME=/nonexistent-home, TZ=UTC, COLUMNS=80 and LANG=C.UTF-8 alone.
 struct ToolSetting {
@@ -44,7 +50,7 @@ struct ToolSetting {
     Output err{};
     std::map<std::string, std::optional<std::string>> environment{}; ///< Variables to set; nothing removes one.
     std::string directory{};                                         ///< Working directory; empty leaves it.
-    std::string binary = ORVANE_CLI_BINARY;
+    std::string binary = toolBinary();
     std::chrono::seconds limit{20}; ///< A run that takes longer is killed and fails the test.
 };
 
