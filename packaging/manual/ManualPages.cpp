@@ -1,6 +1,7 @@
 #include "ManualPages.h"
 
 #include <algorithm>
+#include <array>
 #include <stdexcept>
 
 #include "Markdown.h"
@@ -124,14 +125,29 @@ std::string nameSection(const CommandInfoV0& command) {
     return ".SH NAME\n" + escaped(pageName(command)) + " \\- " + escaped(summary) + "\n";
 }
 
+/// What commands share is told on a page of its own, which each of them refers to.
+constexpr const char* filtersPage = "orvane-cli-filters";
+
+bool hasFilters(const CommandInfoV0& group) {
+    constexpr std::array<std::string_view, 4> filters{"kind", "limit", "owner", "since"};
+    return std::ranges::any_of(group.subcommands, [&](const CommandInfoV0& command) {
+        return std::ranges::any_of(command.arguments, [&](const ArgumentInfoV0& input) {
+            return input.preferredName && std::ranges::count(filters, input.preferredName->name) > 0;
+        });
+    });
+}
+
 /// The references that a page ends with: to the tool's own, and to those that `isNear` picks.
 template <class Predicate>
-std::string seeAlsoSection(const std::vector<const CommandInfoV0*>& pages, Predicate isNear) {
+std::string seeAlsoSection(const std::vector<const CommandInfoV0*>& pages, Predicate isNear, bool toFilters) {
     std::vector<std::string> references;
     for (const CommandInfoV0* page : pages) {
         if (isNear(*page)) {
             references.push_back(reference(*page));
         }
+    }
+    if (toFilters) {
+        references.push_back(bold(filtersPage) + "(7)");
     }
     return ".SH SEE ALSO\n" + platform::joined(references, ",\n") + "\n";
 }
@@ -182,7 +198,7 @@ ManualPage groupPage(const CommandInfoV0& group, const std::vector<const Command
                              ".SH OPTIONS\nEvery command takes them.\n" + list(inputs) +
                              (groups.empty() ? "" : ".SH COMMAND GROUPS\nEach has a page of its own.\n" + groups) +
                              (commands.empty() ? "" : ".SH COMMANDS\n" + commands) + writtenSections(name, texts) +
-                             seeAlsoSection(pages, isNear)};
+                             seeAlsoSection(pages, isNear, hasFilters(group))};
 }
 
 void addGroups(const CommandInfoV0& command, std::vector<const CommandInfoV0*>& groups) {
@@ -203,6 +219,9 @@ std::vector<ManualPage> manualPages(const CommandInfoV0& root, std::string_view 
     for (const CommandInfoV0* group : groups) {
         pages.push_back(groupPage(*group, groups, version, texts));
     }
+    pages.push_back({std::string(filtersPage) + ".7", firstLines(filtersPage, "7", version) +
+                                                          writtenSections(filtersPage, texts) +
+                                                          seeAlsoSection(groups, hasFilters, false)});
     return pages;
 }
 

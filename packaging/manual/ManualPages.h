@@ -1,5 +1,5 @@
 // The manual: a page for the tool and one for each group of its commands, made of the tool's own description and
-// of texts written by hand, which have the examples.
+// of texts written by hand, which have the examples; and one for what commands share.
 #pragma once
 
 #include <functional>
