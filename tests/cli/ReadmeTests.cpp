@@ -6,6 +6,7 @@
 #include <set>
 #include <sstream>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "support/SampleLibrary.h"
@@ -19,6 +20,7 @@ namespace {
 namespace fs = std::filesystem;
 
 const fs::path projectDirectory = fs::path(README_FILE).parent_path();
+const std::string skillFile = "docs/agents/orvane-cli/SKILL.md";
 const std::string indent = "    ";
 const std::string prompt = indent + "$ ";
 
@@ -106,6 +108,20 @@ TEST_F(Manual, ShowsWhatItsCommandsPrint) {
     for (const auto& entry : fs::directory_iterator(projectDirectory / pages)) {
         EXPECT_GT(expectShown(pages / entry.path().filename()), 1U) << entry.path();
     }
+}
+
+class AgentsSkill : public Readme {};
+
+TEST_F(AgentsSkill, ShowsWhatItsCommandsPrint) {
+    EXPECT_GE(expectShown(skillFile), 10U);
+}
+
+TEST_F(AgentsSkill, IsOneThatOrvaneTakes) {
+    const SampleLibrary library;
+    const std::string id = "$(orvane-cli skill create orvane-cli | jq -r .id)";
+    const std::string file = "'" + (projectDirectory / skillFile).string() + "'";
+    EXPECT_THAT(printed("orvane-cli skill file tee " + id + " SKILL.md --from-file " + file),
+                testing::EndsWith(", valid\n"));
 }
 
 /// Whether the name in a page, such as "Suite.Name" or "fuzz/json.cpp", is that of a test or a file.
