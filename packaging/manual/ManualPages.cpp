@@ -1,7 +1,10 @@
 #include "ManualPages.h"
 
 #include <algorithm>
+#include <array>
+#include <stdexcept>
 
+#include "Markdown.h"
 #include "Roff.h"
 #include "platform/text/Text.h"
 
@@ -122,22 +125,56 @@ std::string nameSection(const CommandInfoV0& command) {
     return ".SH NAME\n" + escaped(pageName(command)) + " \\- " + escaped(summary) + "\n";
 }
 
-std::string seeAlsoSection(const CommandInfoV0& group, const std::vector<const CommandInfoV0*>& pages) {
+/// What commands share is told on a page of its own, which each of them refers to.
+constexpr const char* filtersPage = "orvane-cli-filters";
+
+bool hasFilters(const CommandInfoV0& group) {
+    constexpr std::array<std::string_view, 4> filters{"kind", "limit", "owner", "since"};
+    return std::ranges::any_of(group.subcommands, [&](const CommandInfoV0& command) {
+        return std::ranges::any_of(command.arguments, [&](const ArgumentInfoV0& input) {
+            return input.preferredName && std::ranges::count(filters, input.preferredName->name) > 0;
+        });
+    });
+}
+
+/// The references that a page ends with: to the tool's own, and to those that `isNear` picks.
+template <class Predicate>
+std::string seeAlsoSection(const std::vector<const CommandInfoV0*>& pages, Predicate isNear, bool toFilters) {
     std::vector<std::string> references;
     for (const CommandInfoV0* page : pages) {
-        const bool isAbove =
-            !group.superCommands.empty() && pageName(*page) == platform::joined(group.superCommands, "-");
-        const bool isBelow =
-            !page->superCommands.empty() && pageName(group) == platform::joined(page->superCommands, "-");
-        if (isAbove || isBelow) {
+        if (isNear(*page)) {
             references.push_back(reference(*page));
         }
     }
-    return references.empty() ? "" : ".SH SEE ALSO\n" + platform::joined(references, ",\n") + "\n";
+    if (toFilters) {
+        references.push_back(bold(filtersPage) + "(7)");
+    }
+    return ".SH SEE ALSO\n" + platform::joined(references, ",\n") + "\n";
 }
 
-std::string pageText(const CommandInfoV0& group, const std::vector<const CommandInfoV0*>& pages,
-                     std::string_view version, std::string_view remarks) {
+bool isBelow(const CommandInfoV0& command, const CommandInfoV0& group) {
+    return !command.superCommands.empty() && pageName(group) == platform::joined(command.superCommands, "-");
+}
+
+std::string firstLines(const std::string& name, const std::string& section, std::string_view version) {
+    // Neither words nor blanks are stretched: what is typed looks like what is shown. From 1.23 on groff adjusts as the
+    // string AD says behind every tag.
+    const std::string layout = ".nh\n.ad l\n.ds AD l\n";
+    return ".TH " + escaped(platform::uppercased(name)) + " " + section + " \"\" \"" + escaped(version) + "\" \"" +
+           (section == "1" ? "User Commands" : "Conventions") + "\"\n" + layout;
+}
+
+/// The sections of a page that are written by hand, among them examples.
+std::string writtenSections(const std::string& name, const WrittenTexts& texts) {
+    const std::string text = texts(name);
+    if (!showsCommand(text)) {
+        throw std::runtime_error("There are no examples for " + name);
+    }
+    return roffOf(text);
+}
+
+ManualPage groupPage(const CommandInfoV0& group, const std::vector<const CommandInfoV0*>& pages,
+                     std::string_view version, const WrittenTexts& texts) {
     const std::vector<ArgumentInfoV0> inputs = ownInputs(group, {});
     std::string commands;
     std::string groups;
@@ -151,16 +188,17 @@ std::string pageText(const CommandInfoV0& group, const std::vector<const Command
             commands += commandSection(command, group);
         }
     }
-    // Neither words nor blanks are stretched: what is typed looks like what is shown. From 1.23 on groff adjusts as the
-    // string AD says behind every tag.
-    const std::string layout = ".nh\n.ad l\n.ds AD l\n";
-    const std::string title = platform::uppercased(pageName(group));
-    return ".TH " + escaped(title) + " 1 \"\" \"" + escaped(version) + "\" \"User Commands\"\n" + layout +
-           nameSection(group) + ".SH SYNOPSIS\n" + bold(words(group, " ")) + "\n" + italic("subcommand") + "\n[" +
-           italic("argument") + " ...]\n.SH DESCRIPTION\n" + paragraphs(group.abstract) + paragraphs(group.discussion) +
-           ".SH OPTIONS\nEvery command takes them.\n" + list(inputs) +
-           (groups.empty() ? "" : ".SH COMMAND GROUPS\nEach has a page of its own.\n" + groups) +
-           (commands.empty() ? "" : ".SH COMMANDS\n" + commands) + std::string(remarks) + seeAlsoSection(group, pages);
+    const auto isNear = [&](const CommandInfoV0& page) {
+        return isBelow(page, group) || isBelow(group, page) || (&page == pages.front() && &page != &group);
+    };
+    const std::string name = pageName(group);
+    return {name + ".1", firstLines(name, "1", version) + nameSection(group) + ".SH SYNOPSIS\n" +
+                             bold(words(group, " ")) + "\n" + italic("subcommand") + "\n[" + italic("argument") +
+                             " ...]\n.SH DESCRIPTION\n" + paragraphs(group.abstract) + paragraphs(group.discussion) +
+                             ".SH OPTIONS\nEvery command takes them.\n" + list(inputs) +
+                             (groups.empty() ? "" : ".SH COMMAND GROUPS\nEach has a page of its own.\n" + groups) +
+                             (commands.empty() ? "" : ".SH COMMANDS\n" + commands) + writtenSections(name, texts) +
+                             seeAlsoSection(pages, isNear, hasFilters(group))};
 }
 
 void addGroups(const CommandInfoV0& command, std::vector<const CommandInfoV0*>& groups) {
@@ -174,13 +212,16 @@ void addGroups(const CommandInfoV0& command, std::vector<const CommandInfoV0*>& 
 
 } // namespace
 
-std::vector<ManualPage> manualPages(const CommandInfoV0& root, std::string_view version, std::string_view rootRemarks) {
+std::vector<ManualPage> manualPages(const CommandInfoV0& root, std::string_view version, const WrittenTexts& texts) {
     std::vector<const CommandInfoV0*> groups;
     addGroups(root, groups);
     std::vector<ManualPage> pages;
     for (const CommandInfoV0* group : groups) {
-        pages.push_back({pageName(*group), pageText(*group, groups, version, group == &root ? rootRemarks : "")});
+        pages.push_back(groupPage(*group, groups, version, texts));
     }
+    pages.push_back({std::string(filtersPage) + ".7", firstLines(filtersPage, "7", version) +
+                                                          writtenSections(filtersPage, texts) +
+                                                          seeAlsoSection(groups, hasFilters, false)});
     return pages;
 }
 

@@ -1,6 +1,8 @@
-// The manual: a page for the tool and one for each group of its commands, made of the tool's own description.
+// The manual: a page for the tool and one for each group of its commands, made of the tool's own description and
+// of texts written by hand, which have the examples; and one for what commands share.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,13 +12,16 @@
 namespace manual {
 
 struct ManualPage {
-    std::string name; ///< Such as "orvane-cli-skill", without the section.
+    std::string name; ///< Such as "orvane-cli-skill.1".
     std::string text;
 };
 
-/// The page of `root` first, with `rootRemarks`, sections in the markup of manual pages, behind its commands. `version`
-/// names the tool and its version.
+/// Gives what is written for a page, such as "orvane-cli-skill", as `roffOf` takes it. Throws when nothing is.
+using WrittenTexts = std::function<std::string(const std::string& page)>;
+
+/// The page of `root` first. `version` names the tool and its version. Throws std::runtime_error for a page without
+/// examples.
 std::vector<ManualPage> manualPages(const argumentparser::CommandInfoV0& root, std::string_view version,
-                                    std::string_view rootRemarks);
+                                    const WrittenTexts& texts);
 
 } // namespace manual

@@ -1,4 +1,4 @@
-// Writes the manual pages: manual-pages DESCRIPTION REMARKS VERSION DIRECTORY
+// Writes the manual pages: manual-pages DESCRIPTION TEXTS VERSION DIRECTORY
 #include <cstdio>
 #include <exception>
 #include <fstream>
@@ -30,13 +30,16 @@ void write(const std::string& path, const std::string& text) {
 
 int main(int argc, char** argv) {
     if (argc != 5) {
-        std::fputs("Usage: manual-pages DESCRIPTION REMARKS VERSION DIRECTORY\n", stderr);
+        std::fputs("Usage: manual-pages DESCRIPTION TEXTS VERSION DIRECTORY\n", stderr);
         return 64;
     }
     try {
         const argumentparser::ToolInfoV0 info = argumentparser::decodedToolInfo(contentOf(argv[1]));
-        for (const manual::ManualPage& page : manual::manualPages(info.command, argv[3], contentOf(argv[2]))) {
-            write(std::string(argv[4]) + "/" + page.name + ".1", page.text);
+        const auto written = [&](const std::string& page) {
+            return contentOf(std::string(argv[2]) + "/" + page + ".md");
+        };
+        for (const manual::ManualPage& page : manual::manualPages(info.command, argv[3], written)) {
+            write(std::string(argv[4]) + "/" + page.name, page.text);
         }
     } catch (const std::exception& error) {
         std::fprintf(stderr, "manual-pages: %s\n", error.what());

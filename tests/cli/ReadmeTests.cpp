@@ -6,6 +6,7 @@
 #include <set>
 #include <sstream>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "support/SampleLibrary.h"
@@ -19,6 +20,7 @@ namespace {
 namespace fs = std::filesystem;
 
 const fs::path projectDirectory = fs::path(README_FILE).parent_path();
+const std::string skillFile = "docs/agents/orvane-cli/SKILL.md";
 const std::string indent = "    ";
 const std::string prompt = indent + "$ ";
 
@@ -27,7 +29,8 @@ std::string textOf(const fs::path& file) {
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-/// A line for a shell, and what stands below it until the next such line or the end of the indentation.
+/// A line for a shell, which goes on where it ends in a backslash, a bar or "&&", and what stands below it until the
+/// next such line or the end of the indentation.
 struct Example {
     std::string where;
     std::string command;
@@ -44,6 +47,12 @@ std::vector<Example> examples(const std::string& page) {
         isInside = line.starts_with(prompt) || (isInside && (line.empty() || line.starts_with(indent)));
         if (line.starts_with(prompt)) {
             examples.push_back({page + ":" + std::to_string(number), line.substr(prompt.size()), {}});
+            std::string& command = examples.back().command;
+            while ((command.ends_with('\\') || command.ends_with('|') || command.ends_with("&&")) &&
+                   std::getline(text, line)) {
+                ++number;
+                command += "\n" + line;
+            }
         } else if (isInside) {
             examples.back().shown += (line.empty() ? line : line.substr(indent.size())) + "\n";
         }
@@ -61,23 +70,58 @@ std::string comparable(std::string text) {
     return std::regex_replace(std::regex_replace(text, date, "DATE"), newId, "$1ID");
 }
 
-class Readme : public TemporaryFiles {};
+class Readme : public TemporaryFiles {
+protected:
+    /// What a shell in the test's directory prints.
+    std::string printed(const std::string& line) const {
+        ToolSetting setting;
+        setting.directory = directory;
+        setting.binary = "/bin/bash";
+        setting.environment["PATH"] = fs::path(toolBinary()).parent_path().string() + ":/usr/bin:/bin";
+        setting.environment["TMPDIR"] = directory;
+        return runTool({"-c", "{ " + line + "\n} 2>&1 | expand"}, setting).out;
+    }
+
+    /// Tries the page's commands on a library of its own, and returns how many there are.
+    std::size_t expectShown(const std::string& page) const {
+        const SampleLibrary library("UTC", {"--log=" + directory + "/wire.jsonl"});
+        const std::vector<Example> all = examples(page);
+        for (const Example& example : all) {
+            EXPECT_EQ(comparable(printed(example.command)), comparable(example.shown)) << example.where;
+        }
+        return all.size();
+    }
+};
 
 TEST_F(Readme, ShowsWhatItsCommandsPrint) {
-    const SampleLibrary library("UTC", {"--log=" + directory + "/wire.jsonl"});
-    ToolSetting setting;
-    setting.directory = directory;
-    setting.binary = "/bin/bash";
-    setting.environment["PATH"] = fs::path(toolBinary()).parent_path().string() + ":/usr/bin:/bin";
     std::size_t count = 0;
     for (const char* page : {"README.md", "CONTRIBUTING.md", "SECURITY.md", "docs/architecture.md"}) {
-        for (const Example& example : examples(page)) {
-            ++count;
-            const ToolResult result = runTool({"-c", "{ " + example.command + "\n} 2>&1 | expand"}, setting);
-            EXPECT_EQ(comparable(result.out), comparable(example.shown)) << example.where;
-        }
+        count += expectShown(page);
     }
     EXPECT_GT(count, 10U);
+}
+
+class Manual : public Readme {};
+
+TEST_F(Manual, ShowsWhatItsCommandsPrint) {
+    const fs::path pages = "packaging/manual/pages";
+    for (const auto& entry : fs::directory_iterator(projectDirectory / pages)) {
+        EXPECT_GT(expectShown(pages / entry.path().filename()), 1U) << entry.path();
+    }
+}
+
+class AgentsSkill : public Readme {};
+
+TEST_F(AgentsSkill, ShowsWhatItsCommandsPrint) {
+    EXPECT_GE(expectShown(skillFile), 10U);
+}
+
+TEST_F(AgentsSkill, IsOneThatOrvaneTakes) {
+    const SampleLibrary library;
+    const std::string id = "$(orvane-cli skill create orvane-cli | jq -r .id)";
+    const std::string file = "'" + (projectDirectory / skillFile).string() + "'";
+    EXPECT_THAT(printed("orvane-cli skill file tee " + id + " SKILL.md --from-file " + file),
+                testing::EndsWith(", valid\n"));
 }
 
 /// Whether the name in a page, such as "Suite.Name" or "fuzz/json.cpp", is that of a test or a file.
