@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "support/SampleLibrary.h"
+#include "support/Shells.h"
 #include "support/TemporaryFiles.h"
 #include "support/ToolRunner.h"
 
@@ -34,10 +35,10 @@ struct Example {
     std::string shown;
 };
 
-std::vector<Example> examples(const std::string& page) {
+std::vector<Example> examples(const std::string& page, const std::string& contents) {
     std::vector<Example> examples;
     bool isInside = false;
-    std::istringstream text(textOf(projectDirectory / page));
+    std::istringstream text(contents);
     int number = 0;
     for (std::string line; std::getline(text, line);) {
         ++number;
@@ -61,23 +62,61 @@ std::string comparable(std::string text) {
     return std::regex_replace(std::regex_replace(text, date, "DATE"), newId, "$1ID");
 }
 
-class Readme : public TemporaryFiles {};
+class Readme : public TemporaryFiles {
+protected:
+    /// Of a shell that finds the tool.
+    ToolSetting shellSetting() const {
+        ToolSetting setting;
+        setting.directory = directory;
+        setting.binary = "/bin/bash";
+        setting.environment["PATH"] = fs::path(toolBinary()).parent_path().string() + ":/usr/bin:/bin";
+        return setting;
+    }
+};
 
 TEST_F(Readme, ShowsWhatItsCommandsPrint) {
     const SampleLibrary library("UTC", {"--log=" + directory + "/wire.jsonl"});
-    ToolSetting setting;
-    setting.directory = directory;
-    setting.binary = "/bin/bash";
-    setting.environment["PATH"] = fs::path(toolBinary()).parent_path().string() + ":/usr/bin:/bin";
+    const ToolSetting setting = shellSetting();
     std::size_t count = 0;
     for (const char* page : {"README.md", "CONTRIBUTING.md", "SECURITY.md", "docs/architecture.md"}) {
-        for (const Example& example : examples(page)) {
+        for (const Example& example : examples(page, textOf(projectDirectory / page))) {
             ++count;
             const ToolResult result = runTool({"-c", "{ " + example.command + "\n} 2>&1 | expand"}, setting);
             EXPECT_EQ(comparable(result.out), comparable(example.shown)) << example.where;
         }
     }
     EXPECT_GT(count, 10U);
+}
+
+/// The terminal's lines in the picture, as examples of a page.
+std::vector<Example> examplesOfPicture() {
+    const std::string picture = textOf(projectDirectory / "docs/terminal.svg");
+    const std::string screen = std::regex_replace(picture, std::regex("<text [^>]*>"), indent);
+    return examples("docs/terminal.svg", std::regex_replace(screen, std::regex("<[^>]*>"), ""));
+}
+
+/// Without colours, and with any blanks as one.
+std::string plain(const std::string& text) {
+    static const std::regex colour("\x1B\\[[0-9;]*m");
+    static const std::regex blanks("[ \t]+");
+    return std::regex_replace(comparable(std::regex_replace(text, colour, "")), blanks, " ");
+}
+
+TEST_F(Readme, PicturesWhatTheToolShows) {
+    const SampleLibrary library;
+    ToolSetting setting = shellSetting();
+    setting.out = Output::terminal();
+    std::vector<Example> shown = examplesOfPicture();
+    ASSERT_GT(shown.size(), 3U);
+    const Example menu = shown.back();
+    shown.pop_back();
+    for (const Example& example : shown) {
+        EXPECT_EQ(plain(runTool({"-c", "{ " + example.command + "\n} 2>&1"}, setting).out), plain(example.shown))
+            << example.where << ": scripts/pictures draws it anew.";
+    }
+    const std::string script = runTool({"--generate-completion-script=zsh"}).out;
+    const ShellSession session = completeIn(Shell::zsh, {"orvane-cli", script, directory}, {menu.command + " "});
+    EXPECT_EQ(plain(session.screen), plain(menu.shown)) << menu.command << ": scripts/pictures draws it anew.";
 }
 
 /// Whether the name in a page, such as "Suite.Name" or "fuzz/json.cpp", is that of a test or a file.
