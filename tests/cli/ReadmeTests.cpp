@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <regex>
 #include <set>
 #include <sstream>
@@ -117,6 +118,33 @@ TEST_F(Readme, PicturesWhatTheToolShows) {
     const std::string script = runTool({"--generate-completion-script=zsh"}).out;
     const ShellSession session = completeIn(Shell::zsh, {"orvane-cli", script, directory}, {menu.command + " "});
     EXPECT_EQ(plain(session.screen), plain(menu.shown)) << menu.command << ": scripts/pictures draws it anew.";
+}
+
+std::set<std::string> found(const std::string& text, const std::regex& what, const std::string& format) {
+    std::set<std::string> found;
+    for (std::sregex_iterator match(text.begin(), text.end(), what); match != std::sregex_iterator(); ++match) {
+        found.insert(match->format(format));
+    }
+    return found;
+}
+
+TEST(Pictures, PlotWhatTheTablesSay) {
+    // Cells have no bars then. A row that is compared with nothing isn't plotted.
+    const std::string page =
+        std::regex_replace(textOf(projectDirectory / "docs/performance.md"), std::regex(R"(\\\||`)"), "");
+    const std::regex row(R"(\| ([^|\n]+) \| ([^|\n]+) \| (\d[^|\n]+) \| [^|\n]+ \| [^|\n]+ \| ([^|\n]+) \|)");
+    std::string plots = textOf(projectDirectory / "docs/performance-times.svg");
+    plots += textOf(projectDirectory / "docs/performance-growth.svg");
+    plots = std::regex_replace(plots, std::regex("[|]"), "");
+    const std::set<std::string> rows = found(page, row, "$1 · $2 · $3 · $4");
+    const std::set<std::string> plotted = found(plots, std::regex("<g><title>(.*)</title>"), "$1");
+    std::vector<std::string> wrong;
+    std::ranges::set_symmetric_difference(plotted, rows, std::back_inserter(wrong));
+    for (const std::string& each : wrong) {
+        ADD_FAILURE() << each << (rows.contains(each) ? " is not plotted" : " is plotted alone")
+                      << ": scripts/pictures draws the plots anew.";
+    }
+    EXPECT_GT(rows.size(), 10U);
 }
 
 /// Whether the name in a page, such as "Suite.Name" or "fuzz/json.cpp", is that of a test or a file.
