@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <regex>
 #include <set>
 #include <sstream>
@@ -10,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "support/SampleLibrary.h"
+#include "support/Shells.h"
 #include "support/TemporaryFiles.h"
 #include "support/ToolRunner.h"
 
@@ -37,10 +39,10 @@ struct Example {
     std::string shown;
 };
 
-std::vector<Example> examples(const std::string& page) {
+std::vector<Example> examples(const std::string& page, const std::string& contents) {
     std::vector<Example> examples;
     bool isInside = false;
-    std::istringstream text(textOf(projectDirectory / page));
+    std::istringstream text(contents);
     int number = 0;
     for (std::string line; std::getline(text, line);) {
         ++number;
@@ -72,20 +74,25 @@ std::string comparable(std::string text) {
 
 class Readme : public TemporaryFiles {
 protected:
-    /// What a shell in the test's directory prints.
-    std::string printed(const std::string& line) const {
+    /// Of a shell that finds the tool.
+    ToolSetting shellSetting() const {
         ToolSetting setting;
         setting.directory = directory;
         setting.binary = "/bin/bash";
         setting.environment["PATH"] = fs::path(toolBinary()).parent_path().string() + ":/usr/bin:/bin";
         setting.environment["TMPDIR"] = directory;
-        return runTool({"-c", "{ " + line + "\n} 2>&1 | expand"}, setting).out;
+        return setting;
+    }
+
+    /// What a shell in the test's directory prints.
+    std::string printed(const std::string& line) const {
+        return runTool({"-c", "{ " + line + "\n} 2>&1 | expand"}, shellSetting()).out;
     }
 
     /// Tries the page's commands on a library of its own, and returns how many there are.
     std::size_t expectShown(const std::string& page) const {
         const SampleLibrary library("UTC", {"--log=" + directory + "/wire.jsonl"});
-        const std::vector<Example> all = examples(page);
+        const std::vector<Example> all = examples(page, textOf(projectDirectory / page));
         for (const Example& example : all) {
             EXPECT_EQ(comparable(printed(example.command)), comparable(example.shown)) << example.where;
         }
@@ -122,6 +129,64 @@ TEST_F(AgentsSkill, IsOneThatOrvaneTakes) {
     const std::string file = "'" + (projectDirectory / skillFile).string() + "'";
     EXPECT_THAT(printed("orvane-cli skill file tee " + id + " SKILL.md --from-file " + file),
                 testing::EndsWith(", valid\n"));
+}
+
+/// The terminal's lines in the picture, as examples of a page.
+std::vector<Example> examplesOfPicture() {
+    const std::string picture = textOf(projectDirectory / "docs/terminal.svg");
+    const std::string screen = std::regex_replace(picture, std::regex("<text [^>]*>"), indent);
+    return examples("docs/terminal.svg", std::regex_replace(screen, std::regex("<[^>]*>"), ""));
+}
+
+/// Without colours, and with any blanks as one.
+std::string plain(const std::string& text) {
+    static const std::regex colour("\x1B\\[[0-9;]*m");
+    static const std::regex blanks("[ \t]+");
+    return std::regex_replace(comparable(std::regex_replace(text, colour, "")), blanks, " ");
+}
+
+TEST_F(Readme, PicturesWhatTheToolShows) {
+    const SampleLibrary library;
+    ToolSetting setting = shellSetting();
+    setting.out = Output::terminal();
+    std::vector<Example> shown = examplesOfPicture();
+    ASSERT_GT(shown.size(), 3U);
+    const Example menu = shown.back();
+    shown.pop_back();
+    for (const Example& example : shown) {
+        EXPECT_EQ(plain(runTool({"-c", "{ " + example.command + "\n} 2>&1"}, setting).out), plain(example.shown))
+            << example.where << ": scripts/pictures draws it anew.";
+    }
+    const std::string script = runTool({"--generate-completion-script=zsh"}).out;
+    const ShellSession session = completeIn(Shell::zsh, {"orvane-cli", script, directory}, {menu.command + " "});
+    EXPECT_EQ(plain(session.screen), plain(menu.shown)) << menu.command << ": scripts/pictures draws it anew.";
+}
+
+std::set<std::string> found(const std::string& text, const std::regex& what, const std::string& format) {
+    std::set<std::string> found;
+    for (std::sregex_iterator match(text.begin(), text.end(), what); match != std::sregex_iterator(); ++match) {
+        found.insert(match->format(format));
+    }
+    return found;
+}
+
+TEST(Pictures, PlotWhatTheTablesSay) {
+    // Cells have no bars then. A row that is compared with nothing isn't plotted.
+    const std::string page =
+        std::regex_replace(textOf(projectDirectory / "docs/performance.md"), std::regex(R"(\\\||`)"), "");
+    const std::regex row(R"(\| ([^|\n]+) \| ([^|\n]+) \| (\d[^|\n]+) \| [^|\n]+ \| [^|\n]+ \| ([^|\n]+) \|)");
+    std::string plots = textOf(projectDirectory / "docs/performance-times.svg");
+    plots += textOf(projectDirectory / "docs/performance-growth.svg");
+    plots = std::regex_replace(plots, std::regex("[|]"), "");
+    const std::set<std::string> rows = found(page, row, "$1 · $2 · $3 · $4");
+    const std::set<std::string> plotted = found(plots, std::regex("<g><title>(.*)</title>"), "$1");
+    std::vector<std::string> wrong;
+    std::ranges::set_symmetric_difference(plotted, rows, std::back_inserter(wrong));
+    for (const std::string& each : wrong) {
+        ADD_FAILURE() << each << (rows.contains(each) ? " is not plotted" : " is plotted alone")
+                      << ": scripts/pictures draws the plots anew.";
+    }
+    EXPECT_GT(rows.size(), 10U);
 }
 
 /// Whether the name in a page, such as "Suite.Name" or "fuzz/json.cpp", is that of a test or a file.
