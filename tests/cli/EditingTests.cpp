@@ -31,11 +31,14 @@ TEST_F(Editing, TeeTakesItsBodyFromAPipeOrAFile) {
                    R"({"name":"T","id":"i","cloudSyncPending":false})", "created context \"T\"  i\n", where);
     };
     const std::string large(1'000'000, 'x');
+    CommandRow hasty = withInput(created("tee T", large), Input::pipe(large));
+    hasty.setting.waits = false;
     CommandRow notText = withInput(created("tee T", ""), Input::pipe("a\xFF"));
     notText.err = "orvane tee: standard input is not valid UTF-8; the body was left empty.\n";
     expectRows({
         withInput(created("tee T", R"(a\r\n\n)"), Input::pipe("a\r\n\n")),
         withInput(created("tee T", large), Input::pipe(large)),
+        hasty,
         notText,
         withInput(created("tee T", ""), Input::pipe("")),
         withInput(created("tee T", ""), Input::terminal("typed\n")),

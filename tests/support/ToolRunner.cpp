@@ -230,6 +230,10 @@ ToolResult runTool(const std::vector<std::string>& arguments, const ToolSetting&
     Ends in = openInput(setting.input);
     Ends out = openOutput(setting.out);
     Ends err = openOutput(setting.err);
+    if (!setting.waits) {
+        makeNonBlocking(in.theirs);
+        makeNonBlocking(out.theirs);
+    }
     const pid_t process = start(arguments, setting, {&in.theirs, &out.theirs, &err.theirs});
     for (Ends* ends : {&in, &out, &err}) {
         ends->theirs.reset();

@@ -50,6 +50,7 @@ struct ToolSetting {
     Output err{};
     std::map<std::string, std::optional<std::string>> environment{}; ///< Variables to set; nothing removes one.
     std::string directory{};                                         ///< Working directory; empty leaves it.
+    bool waits = true; ///< Whether a read or a write of the tool waits; otherwise it fails until something can be done.
     std::string binary = toolBinary();
     std::chrono::seconds limit{20}; ///< A run that takes longer is killed and fails the test.
 };

@@ -167,11 +167,34 @@ TEST(ParserErrors, WhatACommandThrows) {
 
 template <class Thrown>
 struct Early final : Tool {
-    void validate() const override { throw Thrown(); }
+    void validate() const override { throw Thrown{}; }
 };
+
+struct Refusing : CommandFailure {
+    Refusing() : CommandFailure{"failed"} {}
+};
+struct Leaving : ExitCode {
+    Leaving() : ExitCode{3} {}
+};
+
+struct Group final : ParsableArguments {
+    Option<std::string> name{*this, "name", ArgumentHelp("", {.visibility = ArgumentVisibility::privateInput})};
+};
+struct Grouped final : Tool {
+    OptionGroup<Group> group{*this, "group"};
+};
+
+TEST(ParserErrors, NameAnInputWithItsGroup) {
+    expectRows<Grouped>({{"--", "No value set for non-argument var group.name. Replace with a static variable, or let "
+                                "constant."}});
+}
 
 TEST(ParserErrors, WithoutAnyArgumentsShowTheHelpOfTheRoot) {
     EXPECT_EQ(outcome<Early<CleanExit>>(""), outcome<Early<CleanExit>>("--help"));
+    const std::string help = outcome<Tool>("--help");
+    EXPECT_EQ(outcome<Early<Refusing>>(""), "64|Error: failed\n\n" + help);
+    EXPECT_EQ(outcome<Early<int>>(""), "64|\n" + help);
+    EXPECT_EQ(outcome<Early<Leaving>>(""), "3|");
     EXPECT_EQ(outcome<Early<std::bad_alloc>>(""), "1|Error: Out of memory.");
     EXPECT_EQ(outcome<Thrower>(""), "64|Error: Missing expected argument '<what>'\n\n" + outcome<Thrower>("--help"));
 }

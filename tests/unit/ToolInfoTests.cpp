@@ -41,6 +41,17 @@ struct Leaf final : ParsableCommand {
     Option<MaybeText> image{*this, "image", "", completedBy(CompletionKind::File{{"png", "jpg"}})};
     Option<MaybeText> branch{*this, "branch", "", completedBy(CompletionKind::ShellCommand{"git branch"})};
     Option<MaybeText> person{*this, "person", "", completedBy(CompletionKind::CustomDeprecated())};
+    Option<MaybeText> next{
+        *this,
+        "next",
+        "",
+        {.parsing = ParsingStrategy::unconditional, .completion = CompletionKind{CompletionKind::Custom()}}};
+    Option<std::string> found{
+        *this,
+        "found",
+        "x",
+        "",
+        {.parsing = ParsingStrategy::scanningForValue, .completion = CompletionKind{CompletionKind::CustomAsync()}}};
     OptionGroup<Window> window{*this, "window", {.title = "Window"}};
     Flag<bool> color{*this, "color", FlagInversion::prefixedNo, true, "Colours."};
     Flag<int> count{*this, "count", ArgumentHelp("", {.visibility = ArgumentVisibility::hidden})};
@@ -86,6 +97,8 @@ TEST(ToolInfo, OfEachKindOfInput) {
         R"("completionKind":{"file":{"extensions":["png","jpg"]}},"isOptional":true,"isRepeating":false,"kind":"option","names":[{"kind":"long","name":"image"}],"parsingStrategy":"default","preferredName":{"kind":"long","name":"image"},"shouldDisplay":true,"valueName":"image")",
         R"("completionKind":{"shellCommand":{"command":"git branch"}},"isOptional":true,"isRepeating":false,"kind":"option","names":[{"kind":"long","name":"branch"}],"parsingStrategy":"default","preferredName":{"kind":"long","name":"branch"},"shouldDisplay":true,"valueName":"branch")",
         R"("completionKind":{"customDeprecated":{}},"isOptional":true,"isRepeating":false,"kind":"option","names":[{"kind":"long","name":"person"}],"parsingStrategy":"default","preferredName":{"kind":"long","name":"person"},"shouldDisplay":true,"valueName":"person")",
+        R"("completionKind":{"custom":{}},"isOptional":true,"isRepeating":false,"kind":"option","names":[{"kind":"long","name":"next"}],"parsingStrategy":"unconditional","preferredName":{"kind":"long","name":"next"},"shouldDisplay":true,"valueName":"next")",
+        R"("completionKind":{"customAsync":{}},"defaultValue":"x","isOptional":true,"isRepeating":false,"kind":"option","names":[{"kind":"long","name":"found"}],"parsingStrategy":"scanningForValue","preferredName":{"kind":"long","name":"found"},"shouldDisplay":true,"valueName":"found")",
         R"("abstract":"How many.","defaultValue":"10","isOptional":true,"isRepeating":false,"kind":"option","names":[{"kind":"long","name":"limit"}],"parsingStrategy":"default","preferredName":{"kind":"long","name":"limit"},"sectionTitle":"Window","shouldDisplay":true,"valueName":"limit")",
         R"("abstract":"Colours.","defaultValue":"true","isOptional":true,"isRepeating":false,"kind":"flag","names":[{"kind":"long","name":"color"}],"parsingStrategy":"default","preferredName":{"kind":"long","name":"color"},"shouldDisplay":true,"valueName":"color")",
         R"("abstract":"Colours.","defaultValue":"true","isOptional":true,"isRepeating":false,"kind":"flag","names":[{"kind":"long","name":"no-color"}],"parsingStrategy":"default","preferredName":{"kind":"long","name":"no-color"},"shouldDisplay":true,"valueName":"no-color")",
@@ -116,6 +129,11 @@ TEST(ToolInfo, OfAGroupHoldsEverythingBelowIt) {
     EXPECT_FALSE(root.arguments[3].shouldDisplay);
 }
 
+struct Lists final : Tool {
+    Argument<Texts> behind{*this, "behind", {}, "", {.parsing = ParsingStrategy::postTerminator}};
+    Argument<Texts> unknown{*this, "unknown", {}, "", {.parsing = ParsingStrategy::allUnrecognized}};
+};
+
 struct Asking final : ParsableCommand {
     static CommandConfiguration configuration() {
         return {.commandName = "asking", .ungroupedSubcommands = {CommandType::of<Leaf>()}};
@@ -125,6 +143,13 @@ struct Asking final : ParsableCommand {
         throw below ? CleanExit::dumpRequest(CommandType::of<Leaf>()) : CleanExit::dumpRequest();
     }
 };
+
+TEST(ToolInfo, OfListsThatTakeWhatOthersLeave) {
+    const std::vector<ArgumentInfoV0> lists =
+        decodedToolInfo(outcome<Lists>("--experimental-dump-help")).command.arguments;
+    EXPECT_EQ(lists.at(0).parsingStrategy, "postTerminator");
+    EXPECT_EQ(lists.at(1).parsingStrategy, "allUnrecognized");
+}
 
 TEST(ToolInfo, IsWhatACommandMayAskFor) {
     EXPECT_EQ(decodedToolInfo(outcome<Asking>("")).command.commandName, "asking");

@@ -85,16 +85,14 @@ struct NoArguments {
 struct NotParentCommand {
     std::string commandName;
 };
-struct NotImplemented {};
 struct InvalidState {};
-struct MissingSubcommand {};
 
 using ParserError =
     std::variant<HelpRequested, VersionRequested, DumpHelpRequested, CompletionScriptRequested,
                  CompletionScriptCustomResponse, UnsupportedShell, UnknownOption, InvalidOption,
                  NonAlphanumericShortOption, MissingValueForOption, MissingValueOrUnknownCompositeOption,
                  UnexpectedValueForOption, UnexpectedExtraValues, DuplicateExclusiveValues, NoValue, UnableToParseValue,
-                 UserValidationError, NoArguments, NotParentCommand, NotImplemented, InvalidState, MissingSubcommand>;
+                 UserValidationError, NoArguments, NotParentCommand, InvalidState>;
 
 /// A parser error with the command that was selected when it arose.
 struct CommandError {

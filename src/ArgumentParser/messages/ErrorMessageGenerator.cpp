@@ -116,7 +116,7 @@ public:
 
     std::string operator()(const UnableToParseValue& error) const {
         const ArgumentDefinition* definition = visibleDefinition(arguments_, error.key);
-        std::string valueName = definition == nullptr ? "" : "<" + definition->valueName() + ">";
+        const std::string valueName = definition == nullptr ? "" : "<" + definition->valueName() + ">";
         std::string target = error.name ? error.name->synopsis() : "";
         if (!target.empty() && !valueName.empty()) {
             target += ' ';
@@ -141,19 +141,13 @@ public:
         return "Command " + quoted(error.commandName) + " is not a parent of the current command.";
     }
 
-    std::string operator()(const NotImplemented&) const {
-        return "Internal error. Parsing command-line arguments hit unimplemented code path.";
-    }
-
     std::string operator()(const InvalidState&) const {
         return "Internal error. Invalid state while parsing command-line arguments.";
     }
 
-    std::string operator()(const MissingSubcommand&) const { return "Missing required subcommand."; }
-
 private:
     std::string unknownOption(const Name& name) const {
-        const std::string message = "Unknown option " + quoted(name.synopsis());
+        std::string message = "Unknown option " + quoted(name.synopsis());
         if (name.kind == Name::Kind::shortName) {
             return message;
         }
@@ -216,7 +210,7 @@ private:
         if (values.size() > maximumInLine) {
             return ". Please provide one of the following:\n  - " + platform::joined(values, "\n  - ");
         }
-        std::string last = values.back();
+        const std::string last = values.back();
         values.pop_back();
         return ". Please provide one of " + (values.empty() ? "" : platform::joined(values, ", ") + " or ") + last +
                ".";

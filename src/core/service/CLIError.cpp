@@ -6,10 +6,6 @@ CLIError CLIError::communicationFailed(const std::string& message) {
     return {{"Could not communicate with Orvane: " + message}};
 }
 
-CLIError CLIError::httpError(int code, const std::string& message) {
-    return {{"HTTP " + std::to_string(code) + ": " + message}};
-}
-
 CLIError CLIError::invalidInput(const std::string& message) {
     return {{message}};
 }

@@ -11,7 +11,6 @@ namespace orvane {
 struct CLIError : argumentparser::CommandFailure {
     /// The exchange with the application failed in a way of its own.
     static CLIError communicationFailed(const std::string& message);
-    static CLIError httpError(int code, const std::string& message);
     /// Something given is unacceptable, found out while the command runs.
     static CLIError invalidInput(const std::string& message);
     static CLIError appNotRunning();
