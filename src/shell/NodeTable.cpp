@@ -20,7 +20,7 @@ struct OptionalColumns {
     bool thread = false;
 };
 
-std::string_view textOrEmpty(const std::optional<JsonValue>& value) {
+std::string_view valueText(const std::optional<JsonValue>& value) {
     return value ? value->text().value_or("") : "";
 }
 
@@ -65,21 +65,21 @@ void addNode(TableRows& rows, const JsonObject& node, const OptionalColumns& col
     const auto [kind, owner, grants, initiated, mode, id, thread, name] =
         node.values({"kind", "sourceOwner", "sharedWith", "initiated", "executionMode", "id", "threadId", "name"});
     const std::string_view ownerName = ownerLabel(owner ? owner->object() : std::nullopt);
-    rows.add(textOrEmpty(kind), Style::dim);
+    rows.add(valueText(kind), Style::dim);
     rows.add(ownerName, ownerName == "me" ? Style::green : Style::yellow);
     if (columns.shared) {
         rows.add(rows.keep(sharedWithLabel(objectsOrNone(grants))), Style::magenta);
     }
     if (columns.session) {
-        rows.add(textOrEmpty(initiated), Style::magenta);
-        rows.add(textOrEmpty(mode), Style::dim);
+        rows.add(valueText(initiated), Style::magenta);
+        rows.add(valueText(mode), Style::dim);
     }
     rows.add(rows.keep(updatedLabel(node, clock)), Style::dim);
-    rows.add(textOrEmpty(id), Style::cyan);
+    rows.add(valueText(id), Style::cyan);
     if (columns.thread) {
-        rows.add(textOrEmpty(thread), Style::cyan);
+        rows.add(valueText(thread), Style::cyan);
     }
-    rows.add(textOrEmpty(name), Style::bold, nameLimit);
+    rows.add(valueText(name), Style::bold, nameLimit);
     rows.endRow();
 }
 

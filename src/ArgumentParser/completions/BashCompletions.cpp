@@ -32,9 +32,9 @@ std::string wordList(const std::vector<std::string>& words) {
 }
 
 /// Writes the functions of the commands into one text.
-class Script {
+class BashScript {
 public:
-    explicit Script(const CompletionCommand& root)
+    explicit BashScript(const CompletionCommand& root)
         : toolIdentifier_(functionName({root.name()}).substr(1)),
           text_(filledIn(bashHelpers, {{"id", toolIdentifier_}})) {
         visitCommands(root, [&](const CompletionCommand& command) { addFunction(command, &command == &root); });
@@ -171,7 +171,7 @@ private:
         text_ += "    case \"${unparsed_words[*]}\" in\n";
         visitCommands(*root_, [&](const CompletionCommand& command) {
             if (command.isDisplayed && !command.children.empty()) {
-                std::string words = platform::joined({command.path.begin() + 1, command.path.end()}, " ");
+                const std::string words = platform::joined({command.path.begin() + 1, command.path.end()}, " ");
                 text_ += "    " + singleQuoted(words) + ") " + helper("_add_completions") + " -W " +
                          wordList(childNames(command)) + " ;;\n";
             }
@@ -182,7 +182,7 @@ private:
     /// The lines that offer values of `input`; empty for none.
     std::string valueCompletions(const CompletionInput& input, const CompletionCommand& command) const {
         struct Kinds {
-            const Script& script;
+            const BashScript& script;
             const CompletionInput& input;
             const CompletionCommand& command;
 
@@ -224,7 +224,7 @@ private:
 } // namespace
 
 std::string bashCompletionScript(const CompletionCommand& root) {
-    return Script(root).text();
+    return BashScript(root).text();
 }
 
 } // namespace argumentparser

@@ -26,9 +26,9 @@ std::string argumentList(const std::vector<std::string_view>& words) {
 }
 
 /// Writes the functions and completions of the commands into one text.
-class Script {
+class FishScript {
 public:
-    explicit Script(const CompletionCommand& root)
+    explicit FishScript(const CompletionCommand& root)
         : root_(root), toolIdentifier_(functionName({root.name()}).substr(1)),
           text_(filledIn(fishHelpers, {{"id", toolIdentifier_}, {"tool", root.name()}})) {
         visitCommands(root, [&](const CompletionCommand& command) { addFunction(command); });
@@ -168,7 +168,7 @@ private:
     /// The letters and arguments that go on behind a "-"; empty for no values to offer.
     std::string valueCompletions(const CompletionInput& input, const CompletionCommand& command) const {
         struct Kinds {
-            const Script& script;
+            const FishScript& script;
             const CompletionInput& input;
             const CompletionCommand& command;
 
@@ -211,7 +211,7 @@ private:
 } // namespace
 
 std::string fishCompletionScript(const CompletionCommand& root) {
-    return Script(root).text();
+    return FishScript(root).text();
 }
 
 } // namespace argumentparser

@@ -32,9 +32,9 @@ std::string valuesVariable(const CompletionInput& input) {
 }
 
 /// Writes the functions of the commands into one text.
-class Script {
+class ZshScript {
 public:
-    explicit Script(const CompletionCommand& root)
+    explicit ZshScript(const CompletionCommand& root)
         : root_(root), toolIdentifier_(functionName({root.name()}).substr(1)),
           text_("#compdef " + root.name() + "\n" + filledIn(zshHelpers, {{"id", toolIdentifier_}})) {
         visitCommands(root, [&](const CompletionCommand& command) { addFunction(command); });
@@ -124,7 +124,7 @@ private:
     /// ":name:action"
     std::string value(const CompletionInput& input, const CompletionCommand& command) const {
         struct Actions {
-            const Script& script;
+            const ZshScript& script;
             const CompletionInput& input;
             const CompletionCommand& command;
 
@@ -239,7 +239,7 @@ private:
 } // namespace
 
 std::string zshCompletionScript(const CompletionCommand& root) {
-    return Script(root).text();
+    return ZshScript(root).text();
 }
 
 } // namespace argumentparser

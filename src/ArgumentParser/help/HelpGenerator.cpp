@@ -17,7 +17,6 @@ using Element = HelpGenerator::Section::Element;
 constexpr int helpIndent = 2;
 constexpr int labelColumnWidth = 26;
 constexpr int discussionIndent = 8;
-constexpr int usageIndent = 7; // "USAGE: "
 constexpr std::string_view descriptionPrefix = "- ";
 
 std::string spaces(int count) {

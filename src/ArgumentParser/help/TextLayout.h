@@ -6,6 +6,9 @@
 
 namespace argumentparser {
 
+/// The width of the label of a usage, "Usage: " or "USAGE: ".
+inline constexpr int usageIndent = 7;
+
 /// `text` broken at spaces into lines of at most `columns`, each non-empty one indented by `indent` spaces. A word that
 /// is too long makes a long line. Empty when nothing fits beside the indent.
 std::string wrapped(std::string_view text, int columns, int indent);

@@ -8,7 +8,6 @@ namespace argumentparser {
 namespace {
 
 constexpr std::size_t maximumListLength = 12;
-constexpr int usageIndent = 7; // "Usage: "
 
 std::string joinedSynopses(const std::vector<const ArgumentDefinition*>& definitions) {
     std::string text;

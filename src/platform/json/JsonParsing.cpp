@@ -132,7 +132,7 @@ private:
 };
 
 constexpr std::string_view malformedEscape = "malformed escape in a text";
-constexpr std::string_view controlCharacter = "unescaped control character";
+constexpr std::string_view unescapedControl = "unescaped control character";
 constexpr std::string_view somethingFollows = "something follows its end";
 
 /// What is wrong at `byte`.
@@ -149,12 +149,12 @@ std::string_view description(rapidjson::ParseErrorCode error, char byte) {
     case rapidjson::kParseErrorArrayMissCommaOrSquareBracket:
         return "a comma or ] is missing in an array";
     case rapidjson::kParseErrorStringMissQuotationMark: // It is a null byte that comes too early.
-        return controlCharacter;
+        return unescapedControl;
     case rapidjson::kParseErrorStringUnicodeEscapeInvalidHex:
     case rapidjson::kParseErrorStringUnicodeSurrogateInvalid:
         return malformedEscape;
     case rapidjson::kParseErrorStringEscapeInvalid:
-        return byte == '\\' ? malformedEscape : controlCharacter;
+        return byte == '\\' ? malformedEscape : unescapedControl;
     case rapidjson::kParseErrorNumberTooBig:
         return "a number is too large";
     case rapidjson::kParseErrorTermination:
