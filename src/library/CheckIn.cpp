@@ -50,7 +50,7 @@ struct CheckIn final : ParsableCommand {
         }
         try {
             printHookContext(path);
-        } catch (...) {
+        } catch (...) { // NOLINT(bugprone-empty-catch)
             // An agent's session must start whatever happens here.
         }
     }

@@ -123,7 +123,7 @@ std::string checkInBriefing(const JsonObject& checkIn) {
     lines.addText(header);
     addProfile(lines, checkIn);
     addRecentActivity(lines, checkIn);
-    std::string briefing = std::move(lines).finish();
+    const std::string briefing = std::move(lines).finish();
     return briefing.size() == header.size() ? std::string() : briefing;
 }
 

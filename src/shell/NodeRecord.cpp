@@ -49,7 +49,7 @@ std::string sharedWithLabel(const std::vector<platform::JsonObject>& grants) {
             const auto name = grant.text("displayName");
             lastUser = name ? *name : grant.text("email").value_or("someone");
         } else {
-            std::string team(grant.text("teamName").value_or("team"));
+            const std::string team(grant.text("teamName").value_or("team"));
             shares.push_back({audience == "admins" ? team + " admins" : team, 1});
         }
     }

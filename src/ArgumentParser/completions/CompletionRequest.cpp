@@ -47,7 +47,7 @@ std::optional<CompletionScriptRequested> scriptRequest(const Tree& root, std::sp
     }
     const SplitArguments split(arguments);
     if (const auto shell = requested<GenerateCompletions>(split, root)) {
-        return CompletionScriptRequested{*shell};
+        return CompletionScriptRequested{shell};
     }
     if (requested<AutodetectedGenerateCompletions>(split, root)) {
         return CompletionScriptRequested{};

@@ -91,7 +91,7 @@ std::string typedPrefix(const Candidates& words, std::size_t wordIndex, std::siz
     if (wordIndex >= words.size()) {
         return {};
     }
-    const std::string prefix(platform::firstCharacters(words[wordIndex], cursorIndex));
+    std::string prefix(platform::firstCharacters(words[wordIndex], cursorIndex));
     for (const Name& name : definition.names) {
         if (const std::string start = name.synopsis() + "="; prefix.starts_with(start)) {
             return prefix.substr(start.size());

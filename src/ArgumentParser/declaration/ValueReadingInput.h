@@ -18,6 +18,7 @@ class Transform {
 public:
     using Function = Element (*)(std::string_view);
 
+    // GCC 12 can't compile a defaulted one. NOLINTNEXTLINE(modernize-use-equals-default)
     Transform() requires(ExpressibleByArgument<Element>) {}
     template <std::convertible_to<Function> Callable>
     Transform(Callable function) : function_(function) {}
@@ -44,11 +45,10 @@ public:
     using Element = typename Shape::Element;
 
     void record(const ArgumentDefinition& definition, const Occurrence& occurrence) override {
-        Element element = read(definition, occurrence);
         if constexpr (Shape::isList) {
-            this->append(std::move(element));
+            this->append(read(definition, occurrence));
         } else {
-            this->setValue(std::move(element));
+            this->setValue(read(definition, occurrence));
         }
     }
 

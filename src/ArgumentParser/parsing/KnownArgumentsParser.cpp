@@ -86,8 +86,11 @@ private:
             definition.input->record(definition, {input_.originalText(index), index.subIndex, &option.name, value});
         };
         std::optional<std::string_view> attached = option.value;
-        if (!attached && (attached = joinedValue(definition, option.name, index))) {
-            input_.markUsed({index.inputIndex});
+        if (!attached) {
+            attached = joinedValue(definition, option.name, index);
+            if (attached) {
+                input_.markUsed({index.inputIndex});
+            }
         }
         if (attached) {
             update(*attached);

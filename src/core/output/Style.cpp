@@ -48,12 +48,12 @@ std::string withStyle(std::string_view text, Style style) {
 }
 
 std::string ansiStyled(std::string_view text, Style style) {
-    std::string line = shownLine(text);
+    const std::string line = shownLine(text);
     return style == Style::plain || !stdoutIsTerminal() ? line : withStyle(line, style);
 }
 
 std::string shownLine(std::string_view text) {
-    std::string line = foldedLine(text);
+    const std::string line = foldedLine(text);
     return stdoutIsTerminal() ? platform::terminalLine(line) : line;
 }
 

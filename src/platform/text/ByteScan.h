@@ -18,8 +18,8 @@ inline std::size_t findNonZero(ByteBlock block) {
     static_assert(sizeof halves == sizeof block);
     std::memcpy(halves, &block, sizeof block);
     const std::uint64_t half = halves[0] != 0 ? halves[0] : halves[1];
-    const std::size_t zeroBits = static_cast<std::size_t>(
-        std::endian::native == std::endian::little ? std::countr_zero(half) : std::countl_zero(half));
+    const auto zeroBits = static_cast<std::size_t>(std::endian::native == std::endian::little ? std::countr_zero(half)
+                                                                                              : std::countl_zero(half));
     return (halves[0] != 0 ? 0 : sizeof half) + zeroBits / 8;
 }
 

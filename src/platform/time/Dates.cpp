@@ -117,7 +117,7 @@ CivilTime civilTimeOfUtc(Instant instant) {
 
 /// Unlike localtime and mktime, localtime_r does not look up the zone's file at every call.
 Instant zoneOffset(Instant instant) {
-    const time_t time = static_cast<time_t>(instant);
+    const auto time = static_cast<time_t>(instant);
     tm fields{};
     ::localtime_r(&time, &fields);
     return fields.tm_gmtoff;

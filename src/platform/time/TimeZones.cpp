@@ -48,7 +48,7 @@ bool isZoneFile(const std::string& path) {
 /// The zone whose file `path` names, by its own text; empty for any other file.
 std::string zoneOfFile(std::string_view path) {
     const bool isInDatabase = path.starts_with(databaseDirectory);
-    std::string name(isInDatabase ? path.substr(databaseDirectory.size()) : std::string_view());
+    const std::string name(isInDatabase ? path.substr(databaseDirectory.size()) : std::string_view());
     return isTimeZoneIdentifier(name) ? name : std::string();
 }
 
@@ -94,7 +94,7 @@ bool isTimeZoneIdentifier(std::string_view text) {
 
 std::string currentTimeZoneIdentifier() {
     const char* setting = std::getenv("TZ");
-    std::string zone = setting != nullptr ? zoneOfSetting(setting) : zoneAtPath(localTimeFile);
+    const std::string zone = setting != nullptr ? zoneOfSetting(setting) : zoneAtPath(localTimeFile);
     return zone.empty() ? "GMT" : zone;
 }
 
