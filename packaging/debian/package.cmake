@@ -2,16 +2,17 @@
 set(ORVANE_MAINTAINER "Orvane CLI maintainers <maintainers@orvane.example>"
   CACHE STRING "Who maintains the Debian package, with an address for mail")
 
-set(changelog "${CMAKE_CURRENT_BINARY_DIR}/changelog.gz")
-configure_file(debian/changelog.in changelog @ONLY)
+set(changelog "${CMAKE_CURRENT_BINARY_DIR}/changelog")
 add_custom_command(
-  OUTPUT "${changelog}"
-  COMMAND gzip --best --no-name --stdout "${CMAKE_CURRENT_BINARY_DIR}/changelog" > "${changelog}"
-  DEPENDS "${CMAKE_CURRENT_BINARY_DIR}/changelog"
+  OUTPUT "${changelog}" "${changelog}.gz"
+  COMMAND "${CMAKE_CURRENT_SOURCE_DIR}/debian/changelog" "${PROJECT_SOURCE_DIR}/CHANGELOG.md" "${ORVANE_MAINTAINER}"
+    > "${changelog}"
+  COMMAND gzip --best --no-name --stdout "${changelog}" > "${changelog}.gz"
+  DEPENDS debian/changelog "${PROJECT_SOURCE_DIR}/CHANGELOG.md"
   VERBATIM)
-add_custom_target(debian_changelog ALL DEPENDS "${changelog}")
+add_custom_target(debian_changelog ALL DEPENDS "${changelog}.gz")
 
-install(FILES debian/copyright "${changelog}"
+install(FILES debian/copyright "${changelog}.gz"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/orvane-cli" COMPONENT debian EXCLUDE_FROM_ALL)
 install(FILES debian/lintian-overrides RENAME orvane-cli
   DESTINATION "${CMAKE_INSTALL_DATADIR}/lintian/overrides" COMPONENT debian EXCLUDE_FROM_ALL)

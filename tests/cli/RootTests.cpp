@@ -6,8 +6,8 @@ using namespace testsupport;
 namespace {
 
 TEST(Root, TellsItsVersion) {
-    expectRow({.arguments = "--version", .out = "0.4.0\n"});
-    expectRow({.arguments = "ls --version", .out = "0.4.0\n"});
+    expectRow({.arguments = "--version", .out = ORVANE_CLI_VERSION "\n"});
+    expectRow({.arguments = "ls --version", .out = ORVANE_CLI_VERSION "\n"});
 }
 
 TEST(Root, RefusesWhatItDoesNotKnow) {
