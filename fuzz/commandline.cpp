@@ -27,8 +27,11 @@ std::optional<MessageInfo> answer(const std::vector<std::string_view>& words) {
     const Tree& tree = parser.commandTree();
     try {
         answerCompletionRequest(tree, words);
-        const ParsableCommand& command = parser.parse(words);
-        if (const auto* help = dynamic_cast<const HelpCommand*>(&command)) {
+        const ParsedCommandLine parsed = parser.parse(words);
+        if (const auto* error = std::get_if<CommandError>(&parsed)) {
+            return MessageInfo::of(*error, tree);
+        }
+        if (const auto* help = dynamic_cast<const HelpCommand*>(std::get<const ParsableCommand*>(parsed))) {
             help->run();
         }
         return std::nullopt;

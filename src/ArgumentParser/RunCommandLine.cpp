@@ -46,7 +46,11 @@ std::optional<MessageInfo> run(const CommandType& root, int argumentCount, const
     try {
         const std::vector<std::string_view> texts(arguments + std::min(argumentCount, 1), arguments + argumentCount);
         answerCompletionRequest(tree, texts);
-        parser.parse(texts).run();
+        const ParsedCommandLine parsed = parser.parse(texts);
+        if (const auto* error = std::get_if<CommandError>(&parsed)) {
+            return MessageInfo::of(*error, tree);
+        }
+        std::get<const ParsableCommand*>(parsed)->run();
         return std::nullopt;
     } catch (const CommandError& error) {
         return MessageInfo::of(error, tree);

@@ -30,24 +30,31 @@ bool isFailure(const ParserError& error) {
 
 } // namespace
 
-const ParsableCommand& CommandParser::parse(std::span<const std::string_view> arguments) {
+ParsedCommandLine CommandParser::parse(std::span<const std::string_view> arguments) {
     try {
         SplitArguments split(arguments);
-        descend(split);
-        checkForBuiltInFlags(split);
+        std::optional<ParserError> request = descend(split);
+        if (!request) {
+            request = builtInRequest(split);
+        }
+        if (request) {
+            return CommandError{currentNode_, *std::move(request)};
+        }
         checkForLeftovers(split);
     } catch (const ParserError& error) {
         if (arguments.empty() && isFailure(error)) {
-            throw CommandError{currentNode_, NoArguments{std::make_exception_ptr(error)}};
+            return CommandError{currentNode_, NoArguments{std::make_exception_ptr(error)}};
         }
-        throw CommandError{currentNode_, error};
+        return CommandError{currentNode_, error};
     }
-    return decodedCommands_.last();
+    return &decodedCommands_.last();
 }
 
-void CommandParser::descend(SplitArguments& split) {
+std::optional<ParserError> CommandParser::descend(SplitArguments& split) {
     while (true) {
-        parseCurrent(split);
+        if (auto request = parseCurrent(split)) {
+            return request;
+        }
         const SplitArguments::Element* next = split.firstUnused();
         if (next != nullptr && next->text() != nullptr) {
             if (const Tree* child = currentNode_->child(*next->text())) {
@@ -57,11 +64,13 @@ void CommandParser::descend(SplitArguments& split) {
             }
         }
         if (split.unusedCount() == 1) {
-            checkForBuiltInFlags(split);
+            if (auto request = builtInRequest(split)) {
+                return request;
+            }
         }
         const auto& defaultSubcommand = currentNode_->configuration().defaultSubcommand;
         if (!defaultSubcommand) {
-            return;
+            return std::nullopt;
         }
         const Tree* child = currentNode_->child(*defaultSubcommand);
         if (child == nullptr) {
@@ -71,22 +80,27 @@ void CommandParser::descend(SplitArguments& split) {
     }
 }
 
-void CommandParser::parseCurrent(SplitArguments& split) {
+std::optional<ParserError> CommandParser::parseCurrent(SplitArguments& split) {
     std::unique_ptr<ParsableCommand> command = currentNode_->element().construct();
     const ArgumentSet arguments = command->argumentSet();
     parseKnownArguments(arguments, split, *currentNode_);
     if (const auto* list = arguments.findPositional(ParsingStrategy::allUnrecognized)) {
-        checkForBuiltInFlags(split);
+        if (auto request = builtInRequest(split)) {
+            return request;
+        }
         captureUnrecognized(*list, split);
     }
     try {
         decode(*command);
     } catch (const ParserError&) {
         // A request for help is answered even where the rest of the line is wrong.
-        checkForBuiltInFlags(split);
+        if (auto request = builtInRequest(split)) {
+            return request;
+        }
         throw;
     }
     decodedCommands_.add(currentNode_->element(), std::move(command));
+    return std::nullopt;
 }
 
 void CommandParser::decode(ParsableCommand& command) {
@@ -102,7 +116,7 @@ void CommandParser::decode(ParsableCommand& command) {
     }
 }
 
-void CommandParser::checkForBuiltInFlags(const SplitArguments& split) const {
+std::optional<ParserError> CommandParser::builtInRequest(const SplitArguments& split) const {
     const auto isGiven = [&](const auto& isWanted) {
         return std::any_of(split.elements().begin(), split.elements().end(), [&](const auto& element) {
             const ParsedArgument* option = element.option();
@@ -110,20 +124,21 @@ void CommandParser::checkForBuiltInFlags(const SplitArguments& split) const {
         });
     };
     if (!isGiven([](const Name&) { return true; })) {
-        return;
+        return std::nullopt;
     }
     for (const auto visibility : {ArgumentVisibility::shown, ArgumentVisibility::hidden}) {
         const std::vector<Name> names = helpFlagNames(*currentNode_, visibility);
         if (isGiven([&](const Name& name) { return std::find(names.begin(), names.end(), name) != names.end(); })) {
-            throw CommandError{currentNode_, HelpRequested{visibility}};
+            return HelpRequested{visibility};
         }
     }
     if (isGiven(isDumpHelpFlagName)) {
-        throw CommandError{currentNode_, DumpHelpRequested()};
+        return DumpHelpRequested();
     }
     if (isGiven(isVersionFlagName) && !versionOf(*currentNode_).empty()) {
-        throw CommandError{currentNode_, VersionRequested()};
+        return VersionRequested();
     }
+    return std::nullopt;
 }
 
 void CommandParser::checkForLeftovers(const SplitArguments& split) const {

@@ -1,8 +1,10 @@
 // From a command line to a decoded command.
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string_view>
+#include <variant>
 
 #include "ArgumentParser/declaration/ArgumentSet.h"
 #include "ArgumentParser/declaration/DecodedCommands.h"
@@ -11,6 +13,9 @@
 #include "ArgumentParser/parsing/SplitArguments.h"
 
 namespace argumentparser {
+
+/// What a command line comes to: a command to run, or why there is none.
+using ParsedCommandLine = std::variant<const ParsableCommand*, CommandError>;
 
 class CommandParser {
 public:
@@ -21,16 +26,16 @@ public:
     const Tree& commandTree() const { return commandTree_; }
 
     /// The command that `arguments` (without the program's name) select, decoded and validated. It lives as long as
-    /// the parser; `arguments` is no longer needed afterwards. To be called once. Throws CommandError; memory that ran
-    /// out stays std::bad_alloc.
-    const ParsableCommand& parse(std::span<const std::string_view> arguments);
+    /// the parser; `arguments` is no longer needed afterwards. To be called once. Throws std::bad_alloc alone.
+    ParsedCommandLine parse(std::span<const std::string_view> arguments);
 
 private:
-    void descend(SplitArguments& split);
-    void parseCurrent(SplitArguments& split);
+    // Each gives what was asked for in place of the command; it is no error, so that none is thrown for it.
+    std::optional<ParserError> descend(SplitArguments& split);
+    std::optional<ParserError> parseCurrent(SplitArguments& split);
+    std::optional<ParserError> builtInRequest(const SplitArguments& split) const;
     /// Decodes and validates `command`. What a hook throws becomes a UserValidationError.
     void decode(ParsableCommand& command);
-    void checkForBuiltInFlags(const SplitArguments& split) const;
     void checkForLeftovers(const SplitArguments& split) const;
 
     Tree commandTree_;
