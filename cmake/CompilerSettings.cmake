@@ -73,7 +73,8 @@ endif()
 
 add_library(library_settings INTERFACE)
 if(ORVANE_STATIC)
-  target_compile_options(project_settings INTERFACE -fPIE)
+  # Nothing asks for the type of an object, but every table of types is written to when a run starts.
+  target_compile_options(project_settings INTERFACE -fPIE -fno-rtti)
   target_link_options(project_settings INTERFACE $<${is_static}:-static-pie> $<${is_static}:-s>)
 
   # The tool is optimized as a whole, which takes the linker a while. The tests are linked from
