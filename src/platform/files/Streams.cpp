@@ -1,5 +1,6 @@
 #include "platform/files/Streams.h"
 
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <system_error>
@@ -121,11 +122,16 @@ std::string readStandardInputLine() {
 }
 
 void reserveStandardStreams() {
-    for (int descriptor = 0; descriptor < 3; ++descriptor) {
-        if (::fcntl(descriptor, F_GETFD) == -1 && errno == EBADF) {
+    // One call tells of all three which of them are closed.
+    std::array<pollfd, 3> streams{{{STDIN_FILENO, 0, 0}, {STDOUT_FILENO, 0, 0}, {STDERR_FILENO, 0, 0}}};
+    if (::poll(streams.data(), streams.size(), 0) <= 0) {
+        return;
+    }
+    for (const pollfd& stream : streams) {
+        if ((stream.revents & POLLNVAL) != 0) {
             // The lowest free descriptor is the closed one, for those below it are open by now. Input becomes a
             // directory that is only named: neither that nor what opens /dev/stdin once more can be read.
-            descriptor == STDIN_FILENO ? ::open("/", O_PATH) : ::open("/dev/null", O_RDONLY);
+            stream.fd == STDIN_FILENO ? ::open("/", O_PATH) : ::open("/dev/null", O_RDONLY);
         }
     }
 }

@@ -2,6 +2,9 @@
 // body has four when its last line feed comes alone, and the code behind the assertion needs no more than three.
 #define BOOST_DISABLE_ASSERTS
 
+// The library tells a field's name by a table of 350 that every run would have to fill; its parser asks for five.
+#define BOOST_BEAST_HTTP_IMPL_FIELD_IPP
+
 #include "platform/http/HttpResponseReader.h"
 
 #include <algorithm>
@@ -17,6 +20,22 @@
 
 #include "platform/http/HttpResponseBody.h"
 
+boost::beast::http::field boost::beast::http::string_to_field(string_view name) {
+    using enum field;
+    constexpr std::pair<field, string_view> fields[] = {{connection, "Connection"},
+                                                        {proxy_connection, "Proxy-Connection"},
+                                                        {content_length, "Content-Length"},
+                                                        {transfer_encoding, "Transfer-Encoding"},
+                                                        {upgrade, "Upgrade"},
+                                                        {location, "Location"}};
+    for (const auto& [value, text] : fields) {
+        if (iequals(name, text)) {
+            return value;
+        }
+    }
+    return unknown;
+}
+
 namespace platform {
 
 namespace {
@@ -24,6 +43,8 @@ namespace {
 namespace beast = boost::beast;
 namespace http = boost::beast::http;
 
+// Most answers are short, and come with their head: they do without the memory that long ones are read into.
+constexpr std::size_t firstReadSize = 8192;
 constexpr std::size_t readSize = 65536;
 constexpr std::uint32_t headLimit = std::uint32_t{1} << 20U;
 
@@ -160,12 +181,15 @@ struct HttpResponseReader::State {
 };
 
 HttpResponseReader::HttpResponseReader(const BodySink& sink) : state_(std::make_unique<State>(sink)) {
-    state_->buffer.reserve(readSize);
+    state_->buffer.reserve(firstReadSize);
 }
 
 HttpResponseReader::~HttpResponseReader() = default;
 
 std::span<char> HttpResponseReader::room() {
+    if (state_->parser->is_header_done()) {
+        state_->buffer.reserve(readSize);
+    }
     const auto room = state_->buffer.prepare(beast::read_size(state_->buffer, readSize));
     return {static_cast<char*>(room.data()), room.size()};
 }

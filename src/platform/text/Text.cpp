@@ -15,6 +15,7 @@ namespace {
 constexpr std::string_view replacementCharacter = "\xEF\xBF\xBD";
 
 constexpr auto isNonAscii = [](auto byte) { return byte >= 0x80; };
+constexpr auto isNonAsciiOrReturn = [](auto byte) { return (byte >= 0x80) | (byte == '\r'); };
 
 bool startsNonAscii(std::string_view text) {
     return !text.empty() && isNonAscii(static_cast<unsigned char>(text.front()));
@@ -82,7 +83,7 @@ utf8proc_category_t category(std::string_view character) {
 /// The length of the character at the front of a non-empty text, in bytes.
 std::size_t firstCharacterLength(std::string_view text) {
     if (!startsNonAscii(text) && !startsNonAscii(text.substr(1))) {
-        return text.starts_with("\r\n") ? 2 : 1;
+        return text[0] == '\r' && text.substr(1).starts_with('\n') ? 2 : 1;
     }
     utf8proc_int32_t state = 0;
     Scalar scalar = firstScalar(text);
@@ -174,8 +175,10 @@ std::string_view firstCharacters(std::string_view text, std::size_t count) {
     if (count >= text.size()) {
         return text;
     }
-    std::size_t length = 0;
-    for (std::size_t taken = 0; taken < count && length < text.size(); ++taken) {
+    // A plain byte is a character, unless what comes behind belongs to it.
+    const std::size_t plain = findByte(text.substr(0, count + 1), 0, isNonAsciiOrReturn);
+    std::size_t length = plain > count ? count : plain - std::min<std::size_t>(plain, 1);
+    for (std::size_t taken = length; taken < count && length < text.size(); ++taken) {
         length += firstCharacterLength(text.substr(length));
     }
     return text.substr(0, length);
