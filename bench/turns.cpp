@@ -7,8 +7,8 @@
 // goes ahead. The order changes from round to round: a command behind a large one finds little of its own in the
 // caches.
 //
-// A line of the result is the name, the wall time and the processor time in milliseconds, and the peak memory of the
-// largest program in KiB, with tabs between. A command that fails ends everything.
+// A line of the result is the name, the wall time and the processor time in milliseconds, the peak memory of the largest
+// program in KiB, and the page faults, with tabs between. A command that fails ends everything.
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -35,6 +35,7 @@ struct Command {
     std::vector<double> wallTimes{};
     std::vector<double> processorTimes{};
     std::vector<double> peaks{};
+    std::vector<double> faults{};
 };
 
 [[noreturn]] void fail(const std::string& message) {
@@ -136,6 +137,7 @@ void runOnce(Command& command, bool counts) {
     }
     double processorTime = 0;
     double peak = 0;
+    double faults = 0;
     for (const pid_t child : children) {
         int status = 0;
         rusage usage{};
@@ -145,6 +147,7 @@ void runOnce(Command& command, bool counts) {
         }
         processorTime += milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime);
         peak = std::max(peak, static_cast<double>(usage.ru_maxrss));
+        faults += static_cast<double>(usage.ru_minflt);
     }
     const std::chrono::duration<double, std::milli> wallTime = std::chrono::steady_clock::now() - start;
     close(sink);
@@ -152,6 +155,7 @@ void runOnce(Command& command, bool counts) {
         command.wallTimes.push_back(wallTime.count());
         command.processorTimes.push_back(processorTime);
         command.peaks.push_back(peak);
+        command.faults.push_back(faults);
     }
 }
 
@@ -182,7 +186,7 @@ int main(int count, char** arguments) {
         }
     }
     for (const Command& command : commands) {
-        std::printf("%s\t%.3f\t%.3f\t%.0f\n", command.name.c_str(), median(command.wallTimes),
-                    median(command.processorTimes), median(command.peaks));
+        std::printf("%s\t%.3f\t%.3f\t%.0f\t%.0f\n", command.name.c_str(), median(command.wallTimes),
+                    median(command.processorTimes), median(command.peaks), median(command.faults));
     }
 }

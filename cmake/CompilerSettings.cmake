@@ -24,6 +24,10 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LES
   # made in its own std::variant; there is nothing else for either warning to find here.
   target_compile_options(project_settings INTERFACE -Wno-restrict -Wno-maybe-uninitialized)
 endif()
+if(CMAKE_CXX_COMPILER_ID MATCHES Clang)
+  # clang sees GCC 12's library use what the library itself calls deprecated; there is nothing else of that here.
+  target_compile_options(project_settings INTERFACE -Wno-deprecated-declarations)
+endif()
 if(CMAKE_COMPILE_WARNING_AS_ERROR)
   target_link_options(project_settings INTERFACE LINKER:--fatal-warnings)
 endif()
