@@ -28,37 +28,32 @@ public:
         return found;
     }
 
-    void expect(std::string_view piece) {
-        if (!failed_ && text_.starts_with(piece)) {
-            text_.remove_prefix(piece.size());
-        } else {
-            failed_ = true;
-        }
-    }
+    void expect(char character) { failed_ |= !skip(character); }
 
     /// A decimal number of `minimum` digits or more; those behind `maximum` ones are left.
     int number(std::size_t minimum, std::size_t maximum) {
-        const std::size_t digits = std::min(digitCount(), maximum);
-        failed_ |= digits < minimum;
+        std::size_t digits = 0;
         int value = 0;
-        for (const char digit : text_.substr(0, digits)) {
-            value = value * 10 + (digit - '0');
+        for (; digits < maximum && startsWithDigit(); ++digits) {
+            value = value * 10 + (text_.front() - '0');
+            text_.remove_prefix(1);
         }
-        text_.remove_prefix(digits);
+        failed_ |= digits < minimum;
         return value;
     }
 
     /// One digit or more, however many.
     void expectDigits() {
-        const std::size_t digits = digitCount();
-        failed_ |= digits == 0;
-        text_.remove_prefix(digits);
+        number(1, 1);
+        while (startsWithDigit()) {
+            text_.remove_prefix(1);
+        }
     }
 
     void skipBlanks() { text_.remove_prefix(std::min(text_.find_first_not_of(' '), text_.size())); }
 
     void expectBlanks() {
-        expect(" ");
+        expect(' ');
         skipBlanks();
     }
 
@@ -71,22 +66,15 @@ public:
 
     /// The number, from 1, of the month at the front.
     int month() {
-        for (std::size_t i = 0; i < months.size(); ++i) {
-            if (!failed_ && text_.starts_with(months[i])) {
-                text_.remove_prefix(months[i].size());
-                return static_cast<int>(i) + 1;
-            }
-        }
-        failed_ = true;
-        return 1;
+        const std::string_view name = text_.substr(0, months.front().size());
+        const auto found = std::find(months.begin(), months.end(), name);
+        failed_ |= found == months.end();
+        text_.remove_prefix(name.size());
+        return static_cast<int>(found - months.begin()) + 1;
     }
 
 private:
-    std::size_t digitCount() const {
-        const auto end =
-            std::find_if_not(text_.begin(), text_.end(), [](char byte) { return byte >= '0' && byte <= '9'; });
-        return static_cast<std::size_t>(end - text_.begin());
-    }
+    bool startsWithDigit() const { return !text_.empty() && text_.front() >= '0' && text_.front() <= '9'; }
 
     std::string_view text_;
     bool failed_ = false;
@@ -187,17 +175,20 @@ std::optional<CivilTime> parseDisplayTime(std::string_view text) {
     time.month = scanner.month();
     scanner.expectBlanks();
     time.day = scanner.number(1, 2);
-    scanner.expect(",");
+    scanner.expect(',');
     scanner.expectBlanks();
     time.year = scanner.number(1, 4);
-    scanner.expect(",");
+    scanner.expect(',');
     scanner.expectBlanks();
     const int hour = scanner.number(1, 2);
-    scanner.expect(":");
+    scanner.expect(':');
     time.minute = scanner.number(2, 2);
     scanner.expectBlanks();
     const bool isAfternoon = scanner.skip('P');
-    scanner.expect(isAfternoon ? "M" : "AM");
+    if (!isAfternoon) {
+        scanner.expect('A');
+    }
+    scanner.expect('M');
     scanner.expectBlanks();
     scanner.expectWord();
     scanner.skipBlanks();
@@ -212,15 +203,15 @@ std::optional<Instant> parseIsoInstant(std::string_view text) {
     Scanner scanner(text);
     CivilTime time;
     time.year = scanner.number(4, 4);
-    scanner.expect("-");
+    scanner.expect('-');
     time.month = scanner.number(2, 2);
-    scanner.expect("-");
+    scanner.expect('-');
     time.day = scanner.number(2, 2);
-    scanner.expect("T");
+    scanner.expect('T');
     time.hour = scanner.number(2, 2);
-    scanner.expect(":");
+    scanner.expect(':');
     time.minute = scanner.number(2, 2);
-    scanner.expect(":");
+    scanner.expect(':');
     time.second = scanner.number(2, 2);
     if (scanner.skip('.')) {
         scanner.expectDigits();
@@ -231,10 +222,10 @@ std::optional<Instant> parseIsoInstant(std::string_view text) {
     if (!scanner.skip('Z')) {
         isWest = scanner.skip('-');
         if (!isWest) {
-            scanner.expect("+");
+            scanner.expect('+');
         }
         offsetHours = scanner.number(2, 2);
-        scanner.expect(":");
+        scanner.expect(':');
         offsetMinutes = scanner.number(2, 2);
     }
     if (!scanner.isAtEnd() || !dateOf(time).ok() || time.hour > 23 || time.minute > 59 || time.second > 60 ||
