@@ -184,7 +184,7 @@ TEST(ToolInfo, ReadsOnlyWhatItWrites) {
          "Invalid number of keys found, expected one."},
     };
     for (const auto& [json, message] : cases) {
-        EXPECT_THAT([&json = json] { decodedToolInfo(json); }, testing::ThrowsMessage<std::runtime_error>(message))
+        EXPECT_THAT([&text = json] { decodedToolInfo(text); }, testing::ThrowsMessage<std::runtime_error>(message))
             << json;
     }
     EXPECT_EQ(decodedToolInfo(withArgument(argument)).command.arguments.size(), 1U);
