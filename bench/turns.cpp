@@ -7,8 +7,8 @@
 // goes ahead. The order changes from round to round: a command behind a large one finds little of its own in the
 // caches.
 //
-// A line of the result is the name, the wall time and the processor time in milliseconds, the peak memory of the largest
-// program in KiB, and the page faults, with tabs between. A command that fails ends everything.
+// A line of the result is the name, the wall time and the processor time in milliseconds, the peak memory of the
+// largest program in KiB, and the page faults, with tabs between. A command that fails ends everything.
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
