@@ -1,5 +1,6 @@
 // The process entry.
 #include <cstdlib>
+#include <exception>
 
 #include "ArgumentParser/RunCommandLine.h"
 #include "RootCommand.h"
@@ -7,12 +8,9 @@
 
 // The library's own prints the name of what was thrown, by code and tables that every run would have to load. What is
 // thrown is caught long before.
-namespace __gnu_cxx {
-void __verbose_terminate_handler();
-void __verbose_terminate_handler() {
+void __gnu_cxx::__verbose_terminate_handler() {
     std::abort();
 }
-} // namespace __gnu_cxx
 
 int main(int argumentCount, char** arguments) {
     platform::reserveStandardStreams();
