@@ -235,6 +235,7 @@ TEST(HttpClient, readsTheSameInWhateverPieces) {
         {chunked + "3\r\nabcd\r\n0\r\n\r\n", noHttp("chunk")},
         {chunked + "0\r\n\r", lost},
         {ok + "Content-Length: 5\xC7\n\r\n", noHttp("value")},
+        {ok + "Connection: ;\r\n\r\n", noHttp("value")},
         {"HTTP/1.1 200 OK\nContent-Length: 2\n\nok", noHttp("reason")},
         {ok + "\nContent-Length: 2\r\n\r\nok", noHttp("line ending")},
         {"HTTP/\n\nok", noHttp("line ending")},
