@@ -123,8 +123,11 @@ std::string checkInBriefing(const JsonObject& checkIn) {
     lines.addText(header);
     addProfile(lines, checkIn);
     addRecentActivity(lines, checkIn);
-    const std::string briefing = std::move(lines).finish();
-    return briefing.size() == header.size() ? std::string() : briefing;
+    std::string briefing = std::move(lines).finish();
+    if (briefing.size() == header.size()) {
+        briefing.clear();
+    }
+    return briefing;
 }
 
 } // namespace orvane

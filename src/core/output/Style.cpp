@@ -48,13 +48,19 @@ std::string withStyle(std::string_view text, Style style) {
 }
 
 std::string ansiStyled(std::string_view text, Style style) {
-    const std::string line = shownLine(text);
-    return style == Style::plain || !stdoutIsTerminal() ? line : withStyle(line, style);
+    std::string line = shownLine(text);
+    if (style == Style::plain || !stdoutIsTerminal()) {
+        return line;
+    }
+    return withStyle(line, style);
 }
 
 std::string shownLine(std::string_view text) {
-    const std::string line = foldedLine(text);
-    return stdoutIsTerminal() ? platform::terminalLine(line) : line;
+    std::string line = foldedLine(text);
+    if (!stdoutIsTerminal()) {
+        return line;
+    }
+    return platform::terminalLine(line);
 }
 
 std::string shownText(std::string_view text) {
