@@ -73,7 +73,7 @@ public:
         endsInLineFeed_ = piece.ends_with('\n');
         if (stdoutIsTerminal()) {
             pending_ += shownText(piece);
-        } else if (piece.size() < pieceSize) {
+        } else if (pending_.size() + piece.size() < pieceSize) {
             pending_ += piece;
         } else {
             flush(piece);
@@ -87,7 +87,7 @@ public:
     void finish() { flush(endsInLineFeed_ ? "" : "\n"); }
 
 private:
-    static constexpr std::size_t pieceSize = std::size_t{64} << 10U;
+    static constexpr std::size_t pieceSize = std::size_t{32} << 10U;
 
     void flush(std::string_view last = {}) {
         platform::writeStandardOutput({pending_, last});

@@ -15,11 +15,22 @@ constexpr std::size_t pageSize = 4096;
 constexpr std::size_t largeBody = std::size_t{1} << 20U;
 constexpr std::size_t unannouncedReserve = std::size_t{1} << 30U;
 constexpr std::uint64_t announcedReserveLimit = std::uint64_t{16} << 30U;
-constexpr std::size_t preparedStep = std::size_t{256} << 10U;
+constexpr std::size_t preparedStep = std::size_t{2} << 20U;
 constexpr std::size_t smallPiece = 32768;
 constexpr std::size_t pendingLimit = 65536;
 
-/// Address space alone costs nothing. Where there is not enough of it, the text grows as it goes.
+/// Tells the system about the memory of the bytes from `begin` to `end`, whole pages inside them. Only a hint: older
+/// kernels do not know every piece of advice.
+void advise(char* begin, char* end, int advice) {
+    const auto toPage = (pageSize - reinterpret_cast<std::uintptr_t>(begin) % pageSize) % pageSize;
+    const auto size = static_cast<std::size_t>(end - begin);
+    if (size >= toPage + pageSize) {
+        ::madvise(begin + toPage, (size - toPage) / pageSize * pageSize, advice);
+    }
+}
+
+/// Address space alone costs nothing. Where there is not enough of it, the text grows as it goes. Where the system has
+/// huge pages, a large body is to be laid out in them, which costs a fraction of what small ones do.
 void tryReserve(std::string& text, std::uint64_t size) {
     try {
         text.reserve(static_cast<std::size_t>(size));
@@ -28,21 +39,9 @@ void tryReserve(std::string& text, std::uint64_t size) {
     } catch (const std::length_error&) {
         return;
     }
-}
-
-/// Lays out the memory of the bytes from `begin` to `end`, whole pages inside them, at a fraction of what it costs to
-/// fault them in one after another. Only a hint: older kernels do not know it.
-void prepareMemory(char* begin, char* end) {
-#ifdef MADV_POPULATE_WRITE
-    const auto toPage = (pageSize - reinterpret_cast<std::uintptr_t>(begin) % pageSize) % pageSize;
-    const auto size = static_cast<std::size_t>(end - begin);
-    if (size >= toPage + pageSize) {
-        ::madvise(begin + toPage, (size - toPage) / pageSize * pageSize, MADV_POPULATE_WRITE);
+    if (text.capacity() > largeBody) {
+        advise(text.data(), text.data() + text.capacity(), MADV_HUGEPAGE);
     }
-#else
-    static_cast<void>(begin);
-    static_cast<void>(end);
-#endif
 }
 
 } // namespace
@@ -98,7 +97,8 @@ void HttpResponseBody::hold(std::string_view piece) {
     }
     if (size > prepared_ && held_.capacity() > largeBody) {
         const std::size_t end = std::min(std::max(size, prepared_ + preparedStep), held_.capacity());
-        prepareMemory(held_.data() + prepared_, held_.data() + end);
+        // At a fraction of what it costs to fault pages in one after another.
+        advise(held_.data() + prepared_, held_.data() + end, MADV_POPULATE_WRITE);
         prepared_ = end;
     }
     held_.append(piece);

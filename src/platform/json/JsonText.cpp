@@ -1,20 +1,20 @@
 #include <algorithm>
-#include <array>
 #include <charconv>
+#include <cstring>
+#include <memory>
 
 #include <utf8proc.h>
 
 #include "platform/json/Json.h"
-#include "platform/text/ByteScan.h"
+#include "platform/text/Text.h"
 
 namespace platform {
 
 namespace {
 
-constexpr auto isBackslash = [](auto byte) { return byte == '\\'; };
-
 /// The most bytes that one escape stands for.
 constexpr std::size_t scalarLimit = 4;
+constexpr std::size_t pieceSize = std::size_t{64} << 10U;
 
 /// The four hexadecimal digits behind the "\\u" at `escape`.
 std::int32_t codeUnit(const char* escape) {
@@ -62,47 +62,55 @@ void takeEscape(const char*& from, char*& to) {
     to += utf8proc_encode_char(scalar, reinterpret_cast<utf8proc_uint8_t*>(to));
 }
 
+/// A text with escapes, or what is left of it.
+struct EscapedText {
+    const char* text;
+    std::size_t length; ///< Without escapes, in bytes.
+};
+
+/// Unescapes what is `left` to the bytes from `to` to `limit`, as much as they have room for; gives the end. An escape
+/// that is the last to fit may stand behind the limit.
+char* unescape(EscapedText& left, char* to, const char* limit) {
+    auto [from, length] = left;
+    while (length > 0 && to < limit) {
+        // The text is written in no fewer bytes than it has.
+        const std::string_view next(from, std::min(length, static_cast<std::size_t>(limit - to)));
+        const std::string_view plain = next.substr(0, next.find('\\'));
+        std::memcpy(to, plain.data(), plain.size());
+        from += plain.size();
+        to += plain.size();
+        length -= plain.size();
+        if (plain.size() < next.size()) {
+            const char* const start = to;
+            takeEscape(from, to);
+            length -= static_cast<std::size_t>(to - start);
+        }
+    }
+    left = {from, length};
+    return to;
+}
+
 } // namespace
 
 void JsonText::forEachPiece(const std::function<void(std::string_view)>& visit) const {
-    const char* from = node_->text;
-    std::size_t left = node_->length;
-    const auto visitUnlessEmpty = [&](std::string_view text) {
-        if (!text.empty()) {
-            visit(text);
-        }
-    };
-    if (node_->kind == JsonNode::Kind::text) {
-        visitUnlessEmpty({from, left});
+    EscapedText rest{node_->text, node_->length};
+    if (rest.length == 0) {
         return;
     }
-    std::array<char, 4096> piece;
-    char* end = piece.data();
-    const auto room = [&] { return static_cast<std::size_t>(piece.data() + piece.size() - end); };
-    const auto flush = [&] {
-        visitUnlessEmpty({piece.data(), end});
-        end = piece.data();
-    };
-    while (left > 0) {
-        const std::string_view rest(from, left);
-        const std::string_view plain = rest.substr(0, findByte(rest, 0, isBackslash));
-        if (room() < plain.size() + scalarLimit) {
-            flush();
-        }
-        if (room() < plain.size() + scalarLimit) {
-            visit(plain);
-        } else {
-            end = std::copy(plain.begin(), plain.end(), end);
-        }
-        from += plain.size();
-        left -= plain.size();
-        if (left > 0) {
-            const char* const start = end;
-            takeEscape(from, end);
-            left -= static_cast<std::size_t>(end - start);
-        }
+    if (node_->kind == JsonNode::Kind::text) {
+        visit({rest.text, rest.length});
+        return;
     }
-    flush();
+    const std::size_t size = std::min(rest.length, pieceSize);
+    const auto piece = std::make_unique_for_overwrite<char[]>(size + scalarLimit);
+    char* end = piece.get();
+    while (rest.length > 0) {
+        end = unescape(rest, end, piece.get() + size);
+        const std::string_view text(piece.get(), end);
+        const std::string_view whole = text.substr(0, uncutLength(text));
+        visit(whole);
+        end = std::copy(whole.end(), text.end(), piece.get());
+    }
 }
 
 std::string_view UnescapedTexts::of(const JsonNode& node) {
@@ -110,9 +118,8 @@ std::string_view UnescapedTexts::of(const JsonNode& node) {
         return {node.text, node.length};
     }
     char* const text = static_cast<char*>(memory_.allocate(node.length, 1));
-    char* end = text;
-    JsonText(node).forEachPiece([&](std::string_view piece) { end = std::copy(piece.begin(), piece.end(), end); });
-    return {text, end};
+    EscapedText escaped{node.text, node.length};
+    return {text, unescape(escaped, text, text + node.length)};
 }
 
 } // namespace platform
