@@ -91,7 +91,7 @@ protected:
 
     /// Tries the page's commands on a library of its own, and returns how many there are.
     std::size_t expectShown(const std::string& page) const {
-        const SampleLibrary library("UTC", {"--log=" + directory + "/wire.jsonl"});
+        const SampleLibrary library({"--log=" + directory + "/wire.jsonl"});
         const std::vector<Example> all = examples(page, textOf(projectDirectory / page));
         for (const Example& example : all) {
             EXPECT_EQ(comparable(printed(example.command)), comparable(example.shown)) << example.where;

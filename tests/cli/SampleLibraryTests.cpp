@@ -32,7 +32,7 @@ std::string run(const std::vector<std::string>& words, const ToolSetting& settin
 }
 
 TEST_F(SampleLibraryLog, ShowsTheWire) {
-    const SampleLibrary library("UTC", options, directory + "/blocks");
+    const SampleLibrary library(options, directory + "/blocks");
     run({"feedback", "a\x7F\u202E\"é\n"});
     const std::string sent = R"({"category":"bug","message":"a\u007f\u202e\"é\n"})";
     EXPECT_EQ(log("blocks"), "> POST /api/feedback\n" + sent + "\n< 200 · 18 bytes · T\n{\"category\":\"bug\"}\n\n");
@@ -50,7 +50,7 @@ TEST_F(SampleLibraryLog, ShowsTheWire) {
 
 TEST_F(SampleLibraryLog, TellsOfFaults) {
     const auto playing = [&](const Words& fault, const std::string& outcome) {
-        const SampleLibrary library("UTC", with(fault, {options[0], options[1]}), directory + "/blocks");
+        const SampleLibrary library(with(fault, {options[0], options[1]}), directory + "/blocks");
         EXPECT_EQ(run({"feedback", "x"}), outcome);
     };
     playing("--fail=400", "1 error: The sample library refuses every request.\n");

@@ -12,7 +12,7 @@
 
 namespace testsupport {
 
-SampleLibrary::SampleLibrary(const std::string& zone, std::vector<std::string> options, const std::string& err) {
+SampleLibrary::SampleLibrary(std::vector<std::string> options, const std::string& err) {
     std::array<int, 2> ready{};
     if (::pipe2(ready.data(), O_CLOEXEC) != 0) {
         throw std::system_error(errno, std::generic_category(), "pipe2");
@@ -28,7 +28,7 @@ SampleLibrary::SampleLibrary(const std::string& zone, std::vector<std::string> o
         arguments.push_back(option.data());
     }
     arguments.insert(arguments.end(), {const_cast<char*>(SAMPLE_LIBRARY_DATA), nullptr});
-    std::string variable = "TZ=" + zone;
+    std::string variable = "TZ=UTC";
     std::array<char*, 2> environment{variable.data(), nullptr};
     const int error =
         ::posix_spawn(&process_, SAMPLE_LIBRARY_BINARY, &actions, nullptr, arguments.data(), environment.data());

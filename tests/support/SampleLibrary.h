@@ -11,10 +11,9 @@ namespace testsupport {
 /// Runs from construction, which waits until it serves, to destruction.
 class SampleLibrary {
 public:
-    /// `zone` is what it finds as TZ, `err` the file that its standard error is added to, if any. Throws
-    /// std::system_error or std::runtime_error when it does not come up.
-    explicit SampleLibrary(const std::string& zone = "UTC", std::vector<std::string> options = {},
-                           const std::string& err = {});
+    /// `err` is the file that its standard error is added to, if any. Throws std::system_error or std::runtime_error
+    /// when it does not come up.
+    explicit SampleLibrary(std::vector<std::string> options = {}, const std::string& err = {});
     ~SampleLibrary();
     SampleLibrary(const SampleLibrary&) = delete;
     SampleLibrary& operator=(const SampleLibrary&) = delete;
