@@ -26,7 +26,9 @@ std::optional<MessageInfo> answer(const std::vector<std::string_view>& words) {
     CommandParser parser(orvane::rootCommand(), CommandType::of<HelpCommand>());
     const Tree& tree = parser.commandTree();
     try {
-        answerCompletionRequest(tree, words);
+        if (const auto request = completionRequest(tree, words)) {
+            return MessageInfo::of(*request, tree);
+        }
         const ParsedCommandLine parsed = parser.parse(words);
         if (const auto* error = std::get_if<CommandError>(&parsed)) {
             return MessageInfo::of(*error, tree);
@@ -35,8 +37,6 @@ std::optional<MessageInfo> answer(const std::vector<std::string_view>& words) {
             help->run();
         }
         return std::nullopt;
-    } catch (const CommandError& error) {
-        return MessageInfo::of(error, tree);
     } catch (...) {
         return MessageInfo::of(std::current_exception(), tree);
     }

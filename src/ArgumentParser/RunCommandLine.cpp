@@ -45,15 +45,15 @@ std::optional<MessageInfo> run(const CommandType& root, int argumentCount, const
     const Tree& tree = parser.commandTree();
     try {
         const std::vector<std::string_view> texts(arguments + std::min(argumentCount, 1), arguments + argumentCount);
-        answerCompletionRequest(tree, texts);
+        if (const auto request = completionRequest(tree, texts)) {
+            return MessageInfo::of(*request, tree);
+        }
         const ParsedCommandLine parsed = parser.parse(texts);
         if (const auto* error = std::get_if<CommandError>(&parsed)) {
             return MessageInfo::of(*error, tree);
         }
         std::get<const ParsableCommand*>(parsed)->run();
         return std::nullopt;
-    } catch (const CommandError& error) {
-        return MessageInfo::of(error, tree);
     } catch (...) {
         return MessageInfo::of(std::current_exception(), tree);
     }

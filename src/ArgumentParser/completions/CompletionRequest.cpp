@@ -57,16 +57,17 @@ std::optional<CompletionScriptRequested> scriptRequest(const Tree& root, std::sp
 
 } // namespace
 
-void answerCompletionRequest(const Tree& root, std::span<const std::string_view> arguments) {
+std::optional<CommandError> completionRequest(const Tree& root, std::span<const std::string_view> arguments) {
     try {
         if (!arguments.empty() && arguments.front() == customCompletionWord) {
-            throw ParserError(CompletionScriptCustomResponse{customCompletion(root, arguments.subspan(1))});
+            return CommandError{&root, CompletionScriptCustomResponse{customCompletion(root, arguments.subspan(1))}};
         }
         if (auto request = scriptRequest(root, arguments)) {
-            throw ParserError(*std::move(request));
+            return CommandError{&root, *std::move(request)};
         }
+        return std::nullopt;
     } catch (const ParserError& error) {
-        throw CommandError{&root, error};
+        return CommandError{&root, error};
     }
 }
 

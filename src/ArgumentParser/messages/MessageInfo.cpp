@@ -61,12 +61,10 @@ MessageInfo messageOf(const CleanExit& exit, const Tree& selected, const Tree& r
     return shown(command, selected, root, [](const Tree& node) { return helpScreen(node); });
 }
 
-/// For whatever was thrown, by a hook of the command at `selected` unless it is a CommandError.
+/// For whatever was thrown, by a hook of the command at `selected` if by one.
 MessageInfo messageOf(const std::exception_ptr& error, const Tree& selected, const Tree& root) {
     try {
         std::rethrow_exception(error);
-    } catch (const CommandError& commandError) {
-        return MessageInfo::of(commandError, root);
     } catch (const SubcommandHelpRequest& request) {
         return helpScreen(request.selected(root));
     } catch (const ValidationError& validation) {
