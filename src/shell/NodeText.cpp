@@ -71,15 +71,14 @@ public:
 
     void add(std::string_view piece) {
         endsInLineFeed_ = piece.ends_with('\n');
+        std::string shown;
         if (stdoutIsTerminal()) {
-            pending_ += shownText(piece);
-        } else if (pending_.size() + piece.size() < pieceSize) {
+            piece = shown = shownText(piece);
+        }
+        if (pending_.size() + piece.size() < pieceSize) {
             pending_ += piece;
         } else {
             flush(piece);
-        }
-        if (pending_.size() >= pieceSize) {
-            flush();
         }
     }
 
@@ -89,7 +88,7 @@ public:
 private:
     static constexpr std::size_t pieceSize = std::size_t{32} << 10U;
 
-    void flush(std::string_view last = {}) {
+    void flush(std::string_view last) {
         platform::writeStandardOutput({pending_, last});
         pending_.clear();
     }
