@@ -45,14 +45,14 @@ inline void feed(platform::HttpResponseReader& reader, std::string_view bytes, s
     }
 }
 
-/// Whether memory of some gigabytes may be reserved: 8 to 11 digits. The sanitizer would mark it all.
+/// Whether memory of some gigabytes may be reserved: 8 to 11 digits, whatever zeros stand before them. The sanitizer would mark it all.
 inline bool mayAnnounceGigabytes(std::string_view bytes) {
     std::size_t digits = 0;
     bool mayDo = false;
     for (const char byte : bytes) {
         const bool isDigit = byte >= '0' && byte <= '9';
         mayDo |= !isDigit && digits > 7 && digits < 12;
-        digits = isDigit ? digits + 1 : 0;
+        digits = isDigit && (digits > 0 || byte != '0') ? digits + 1 : 0;
     }
     return mayDo;
 }

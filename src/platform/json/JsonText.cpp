@@ -107,9 +107,10 @@ void JsonText::forEachPiece(const std::function<void(std::string_view)>& visit) 
     while (rest.length > 0) {
         end = unescape(rest, end, piece.get() + size);
         const std::string_view text(piece.get(), end);
-        const std::string_view whole = text.substr(0, uncutLength(text));
-        visit(whole);
-        end = std::copy(whole.end(), text.end(), piece.get());
+        const std::size_t uncut = uncutLength(text);
+        visit(text.substr(0, uncut));
+        const std::string_view cut = text.substr(uncut);
+        end = std::copy(cut.begin(), cut.end(), piece.get());
     }
 }
 
