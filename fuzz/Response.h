@@ -45,7 +45,8 @@ inline void feed(platform::HttpResponseReader& reader, std::string_view bytes, s
     }
 }
 
-/// Whether memory of some gigabytes may be reserved: 8 to 11 digits, whatever zeros stand before them. The sanitizer would mark it all.
+/// Whether memory of some gigabytes may be reserved: 8 to 11 digits, whatever zeros stand before them. The sanitizer
+/// would mark it all.
 inline bool mayAnnounceGigabytes(std::string_view bytes) {
     std::size_t digits = 0;
     bool mayDo = false;
