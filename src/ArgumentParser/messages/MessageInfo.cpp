@@ -61,7 +61,7 @@ MessageInfo messageOf(const CleanExit& exit, const Tree& selected, const Tree& r
     return shown(command, selected, root, [](const Tree& node) { return helpScreen(node); });
 }
 
-/// For whatever was thrown, by a hook of the command at `selected` if by one.
+/// For whatever was thrown, by the command at `selected` or on the way to it.
 MessageInfo messageOf(const std::exception_ptr& error, const Tree& selected, const Tree& root) {
     try {
         std::rethrow_exception(error);
