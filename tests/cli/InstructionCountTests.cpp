@@ -4,10 +4,6 @@
 #include <string>
 #include <vector>
 
-#include <fcntl.h>
-#include <spawn.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
@@ -29,7 +25,7 @@ struct CountedRun {
     std::vector<std::string> arguments;
     int status;
     std::int64_t instructions;
-    std::int64_t faults;
+    long faults;
 };
 
 /// The figures of the release preset with the compiler and the C library of Debian 12. When a change is meant to alter
@@ -54,27 +50,6 @@ std::int64_t countedInstructions(const CountedRun& run) {
     return found == std::string::npos ? 0 : std::stoll(result.err.substr(found + label.size()));
 }
 
-/// The pages that a run touches for the first time. It is spawned, for a forked one counts pages of its parent's too.
-std::int64_t countedFaults(const CountedRun& run) {
-    std::vector<std::string> words = run.arguments;
-    std::vector<char*> arguments{const_cast<char*>(ORVANE_CLI_BINARY)};
-    for (std::string& word : words) {
-        arguments.push_back(word.data());
-    }
-    arguments.push_back(nullptr);
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    for (const int stream : {STDOUT_FILENO, STDERR_FILENO}) {
-        posix_spawn_file_actions_addopen(&actions, stream, "/dev/null", O_WRONLY, 0);
-    }
-    pid_t process = 0;
-    EXPECT_EQ(::posix_spawn(&process, ORVANE_CLI_BINARY, &actions, nullptr, arguments.data(), nullptr), 0);
-    posix_spawn_file_actions_destroy(&actions);
-    rusage usage{};
-    EXPECT_EQ(::wait4(process, nullptr, 0, &usage), process);
-    return usage.ru_minflt;
-}
-
 TEST(InstructionCounts, StayWithinATenthOfWhatWasRecorded) {
     if (ORVANE_CLI_IS_RELEASE == 0) {
         GTEST_SKIP() << "The figures are those of the release preset; this is another build.";
@@ -91,7 +66,7 @@ TEST(InstructionCounts, StayWithinATenthOfWhatWasRecorded) {
         EXPECT_NEAR(static_cast<double>(count), static_cast<double>(run.instructions), static_cast<double>(tolerance))
             << "orvane-cli " << testing::PrintToString(run.arguments) << " takes " << count << " instructions, "
             << "recorded are " << run.instructions;
-        EXPECT_NEAR(static_cast<double>(countedFaults(run)), static_cast<double>(run.faults), 4)
+        EXPECT_NEAR(static_cast<double>(runTool(run.arguments).pageFaults), static_cast<double>(run.faults), 4)
             << "page faults of orvane-cli " << testing::PrintToString(run.arguments);
     }
 }

@@ -126,17 +126,6 @@ TEST(ServiceErrors, AreReportedInTheServicesWords) {
     expectRow(refused);
 }
 
-TEST(RawAnswers, ReachStandardOutputUnchanged) {
-    std::string large(50'000'000, 'x');
-    large.replace(1000, 4, std::string("\0\xFF\r\n", 4));
-    const ToolResult result = [&] {
-        ScriptedService service({answer(large)});
-        return runTool({"search", "x"});
-    }();
-    EXPECT_TRUE(result.out == large + "\n");
-    EXPECT_EQ(result.status, 0);
-}
-
 TEST(RawAnswers, AreWholeUpToFourMegabytesAndGoOutAsTheyComeBeyond) {
     const std::string interrupted = "Error: The connection to Orvane was interrupted. Please try again.\n";
     for (const std::size_t length : {4U << 20U, (4U << 20U) + 1}) {

@@ -106,12 +106,12 @@ const std::vector<HelpScreen>& goldenHelpScreens() {
     return screens;
 }
 
-void writeGoldenHelpScreens(const std::vector<HelpScreen>& screens) {
-    std::ofstream file(HELP_SCREENS_FILE, std::ios::trunc);
+std::string asGolden(const std::vector<HelpScreen>& screens) {
+    std::string text;
     for (const HelpScreen& screen : screens) {
-        file << prompt << screen.command << promptEnd << "\n" << screen.text;
+        text.append(prompt).append(screen.command).append(promptEnd).append("\n").append(screen.text);
     }
-    EXPECT_TRUE(file.flush()) << "cannot write " << HELP_SCREENS_FILE;
+    return text;
 }
 
 const HelpScreen& screenOfCommandRunBy(const std::vector<std::string>& arguments) {

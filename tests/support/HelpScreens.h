@@ -22,8 +22,8 @@ std::vector<HelpScreen> printedHelpScreens();
 /// Those of the golden file, in its order. Empty when there is no such file.
 const std::vector<HelpScreen>& goldenHelpScreens();
 
-/// Replaces the golden file.
-void writeGoldenHelpScreens(const std::vector<HelpScreen>& screens);
+/// `screens` as the golden file holds them.
+std::string asGolden(const std::vector<HelpScreen>& screens);
 
 /// The golden screen of the command that a command line runs: named by its leading words, then down the defaults.
 const HelpScreen& screenOfCommandRunBy(const std::vector<std::string>& arguments);

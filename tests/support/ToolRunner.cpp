@@ -12,6 +12,7 @@
 #include <poll.h>
 #include <spawn.h>
 #include <sys/ioctl.h>
+#include <sys/resource.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <termios.h>
@@ -279,11 +280,13 @@ ToolResult runTool(const std::vector<std::string>& arguments, const ToolSetting&
     }
 
     int state = 0;
-    while (::waitpid(process, &state, 0) < 0 && errno == EINTR) {
+    rusage usage{};
+    while (::wait4(process, &state, 0, &usage) < 0 && errno == EINTR) {
         ;
     }
     result.status = WIFEXITED(state) ? WEXITSTATUS(state) : -1;
     result.signal = WIFSIGNALED(state) ? WTERMSIG(state) : 0;
+    result.pageFaults = usage.ru_minflt;
     return result;
 }
 

@@ -56,11 +56,13 @@ struct ToolSetting {
 };
 
 /// What a run left. `status` is the exit status and -1 when a signal ended the run; `signal` is that signal, else 0.
+/// `pageFaults` counts the pages that it touched for the first time.
 struct ToolResult {
     std::string out;
     std::string err;
     int status = -1;
     int signal = 0;
+    long pageFaults = 0;
 };
 
 /// Runs the tool with exactly `arguments`. Throws std::system_error when it cannot be started.
